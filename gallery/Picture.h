@@ -1,0 +1,30 @@
+#pragma once
+
+#include <OstrelLib/Bitmap.h>
+#include <OstrelLib/Color.h>
+#include <OstrelLib/Path.h>
+#include <OstrelLib/Types.h>
+
+#include <wx/bitmap.h>
+#include <wx/string.h>
+
+namespace Ostrel::Gallery {
+
+/// The picture of the page "Picture", in the library's own form: stored bytes over 255, without any transfer curve.
+struct Picture {
+    wxString name;
+    BitmapImpl<Rgb> image; ///< empty if there was an error
+    bool hasAlpha = false;
+    wxString error; ///< why the file could not be read, as a sentence for the user; empty if it could
+};
+
+/// Reads a picture of a format that the toolkit knows; the file's content decides which, not its name.
+Picture loadPicture(const Path& path);
+
+/// A field of colours: hue from left to right, paler downwards, in slanting waves of brightness.
+Picture makeColourField();
+
+/// The picture as a bitmap without transparency: what is transparent shows a chequered ground.
+wxBitmap showOnChequers(const Picture& picture);
+
+} // namespace Ostrel::Gallery

@@ -1,0 +1,7 @@
+#include "platform/Screen.h"
+
+namespace Ostrel::Gallery {
+
+void discardScreenCache(wxScreenDC&) {}
+
+} // namespace Ostrel::Gallery

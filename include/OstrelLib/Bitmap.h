@@ -1,0 +1,98 @@
+#pragma once
+
+#include <OstrelLib/Color.h>
+#include <OstrelLib/ImageFormat.h>
+#include <OstrelLib/Types.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+namespace Ostrel {
+
+/// A picture in memory: width × height pixels of `T`, row by row from the top, without gaps. A picture without pixels
+/// is 0 × 0.
+template <class T>
+class BitmapImpl {
+    static_assert(!std::is_same_v<T, bool>, "a row of bool is no sequence of bool in memory");
+
+public:
+    BitmapImpl() = default;
+
+    /// All pixels are `fill`. A width or height below 1 makes an empty picture; more pixels than memory can hold throw
+    /// `std::length_error` or `std::bad_alloc`.
+    BitmapImpl(int width, int height, const T& fill = T()) {
+        if (width > 0 && height > 0) {
+            _pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), fill);
+            _width = width;
+            _height = height;
+        }
+    }
+
+    [[nodiscard]] int getWidth() const noexcept { return _width; }
+    [[nodiscard]] int getHeight() const noexcept { return _height; }
+    [[nodiscard]] bool isEmpty() const noexcept { return _pixels.empty(); }
+
+    /// The number of pixels.
+    [[nodiscard]] std::size_t size() const noexcept { return _pixels.size(); }
+
+    /// The pixel at (x, y), which has to be inside.
+    [[nodiscard]] T& operator()(int x, int y) noexcept { return _pixels[index(x, y)]; }
+    [[nodiscard]] const T& operator()(int x, int y) const noexcept { return _pixels[index(x, y)]; }
+
+    /// The pixel at (x, y); throws `std::out_of_range` when it is outside.
+    [[nodiscard]] T& at(int x, int y) {
+        checkInside(x, y);
+        return (*this)(x, y);
+    }
+    [[nodiscard]] const T& at(int x, int y) const {
+        checkInside(x, y);
+        return (*this)(x, y);
+    }
+
+    /// The pixels of row `y`, which has to be inside, from left to right.
+    [[nodiscard]] ArrayView<T> row(int y) noexcept {
+        return ArrayView<T>(_pixels).subspan(index(0, y), static_cast<std::size_t>(_width));
+    }
+    [[nodiscard]] ArrayView<const T> row(int y) const noexcept {
+        return ArrayView<const T>(_pixels).subspan(index(0, y), static_cast<std::size_t>(_width));
+    }
+
+    /// All pixels, row by row.
+    [[nodiscard]] T* data() noexcept { return _pixels.data(); }
+    [[nodiscard]] const T* data() const noexcept { return _pixels.data(); }
+
+    friend bool operator==(const BitmapImpl& a, const BitmapImpl& b) = default;
+
+private:
+    [[nodiscard]] std::size_t index(int x, int y) const noexcept {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(_width) + static_cast<std::size_t>(x);
+    }
+    void checkInside(int x, int y) const {
+        if (x < 0 || y < 0 || x >= _width || y >= _height) {
+            throw std::out_of_range("pixel outside the bitmap");
+        }
+    }
+
+    int _width = 0;
+    int _height = 0;
+    Array<T> _pixels;
+};
+
+/// A picture with the form in which a file holds it, or is to hold it. The pixels themselves are always linear floats.
+class Image : public BitmapImpl<Rgb> {
+public:
+    Image() = default;
+    explicit Image(BitmapImpl<Rgb> pixels)
+        : BitmapImpl<Rgb>(std::move(pixels)) {}
+
+    ImageColorFormat colorFormat = ImageColorFormat::SRGB_8_BIT;
+
+    /// Whether the alpha of the pixels says something; without it every pixel counts as opaque.
+    bool hasAlpha = true;
+
+    friend bool operator==(const Image& a, const Image& b) = default;
+};
+
+} // namespace Ostrel

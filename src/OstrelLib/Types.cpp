@@ -1,0 +1,9 @@
+#include <OstrelLib/Types.h>
+
+namespace Ostrel {
+
+Polymorphic::~Polymorphic() = default;
+
+Object::~Object() = default;
+
+} // namespace Ostrel

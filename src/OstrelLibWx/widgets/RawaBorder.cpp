@@ -1,0 +1,51 @@
+#include <OstrelLibWx/widgets/RawaBorder.h>
+
+#include "painting/BorderPainting.h"
+#include "painting/PixelDrawing.h"
+
+#include <wx/dcbuffer.h>
+
+namespace Ostrel {
+
+RawaBorder::RawaBorder(Flags<RawaBorderState> initialState, wxWindow* parent, int id, const wxString& name)
+    : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, name)
+    , _borderState(initialState) {
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+        wxAutoBufferedPaintDC dc(this);
+        paint(dc);
+    });
+    Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent& event) {
+        setMouseOver(false);
+        event.Skip();
+    });
+    Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent& event) {
+        setMouseOver(true);
+        event.Skip();
+    });
+}
+
+bool RawaBorder::Enable(bool enable) {
+    setBorderState(RawaBorderState::ENABLED, enable);
+    // GTK does not tell a disabled window that the mouse left it.
+    if (enable && !IsThisEnabled() && !GetScreenRect().Contains(wxGetMousePosition())) {
+        setBorderState(RawaBorderState::MOUSE_OVER, false);
+    }
+    const bool changed = wxPanel::Enable(enable);
+    Refresh(false);
+    return changed;
+}
+
+void RawaBorder::paint(wxDC& dc) const {
+    const wxSize size = GetClientSize();
+    const Bucket area{{0, 0}, {size.x, size.y}};
+    fillPixels(dc, area, GetBackgroundColour());
+    paintBorder(dc, area, _borderState);
+}
+
+void RawaBorder::setMouseOver(bool over) {
+    setBorderState(RawaBorderState::MOUSE_OVER, over);
+    Refresh();
+}
+
+} // namespace Ostrel

@@ -1,0 +1,9 @@
+#include <OstrelLibWx/widgets/Skinnable.h>
+
+namespace Ostrel::Wx {
+
+ISkinnable::~ISkinnable() = default;
+
+ILinkColours::~ILinkColours() = default;
+
+} // namespace Ostrel::Wx

@@ -1,0 +1,3 @@
+#include "support/ScreenPicture.h"
+
+void dropKeptScreenPicture(const wxDC&) {}

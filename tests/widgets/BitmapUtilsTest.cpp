@@ -1,0 +1,184 @@
+#include <cmath>
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <wx/bitmap.h>
+#include <wx/image.h>
+#include <wx/mstream.h>
+#include <wx/quantize.h>
+
+#include <OstrelLibWx/BitmapUtils.h>
+
+namespace {
+
+using namespace Ostrel;
+
+constexpr float BYTE = 1.0F / 255.0F;
+
+TEST(BitmapConversion, BringsBackEveryByteOfItsOwnBitmaps) {
+    for (const int width : {1, 3, 4, 7}) { // rows of all paddings
+        BitmapImpl<Rgb> image(width, 5);
+        for (int i = 0; i < width * 5; ++i) {
+            const auto level = [i](int factor) { return static_cast<float>(i * factor % 256) * BYTE; };
+            image(i % width, i / width) = {level(31), level(57), level(101), level(255)};
+        }
+        for (const bool withAlpha : {false, true}) {
+            wxBitmap bitmap = Wx::toWxBitmap(image, withAlpha);
+            EXPECT_EQ(bitmap.GetDepth(), withAlpha ? 32 : 24);
+            const auto back = Wx::toRgbBitmap(bitmap);
+            ASSERT_TRUE(back);
+            ASSERT_EQ(back->size(), image.size());
+            for (std::size_t i = 0; i < image.size(); ++i) {
+                const Rgb& expected = image.data()[i];
+                const Rgb& actual = back->data()[i];
+                EXPECT_NEAR(actual.red, expected.red, 1e-6F);
+                EXPECT_NEAR(actual.green, expected.green, 1e-6F);
+                EXPECT_NEAR(actual.blue, expected.blue, 1e-6F);
+                // 1/255 is no float, and truncation may take one step for that.
+                EXPECT_NEAR(actual.alpha, withAlpha ? expected.alpha : 1.0F, withAlpha ? 1.01F * BYTE : 0.0F);
+            }
+        }
+    }
+}
+
+TEST(BitmapConversion, AgreesWithTheToolkitAboutPlacesAndChannels) {
+    BitmapImpl<Rgb> image(3, 2);
+    image(2, 0) = {1.0F, 0.0F, 0.0F};
+    image(0, 1) = {0.0F, 1.0F, 0.0F};
+    image(1, 1) = {0.0F, 0.0F, 1.0F};
+    for (const bool withAlpha : {false, true}) {
+        const wxImage shown = Wx::toWxBitmap(image, withAlpha).ConvertToImage();
+        EXPECT_EQ(shown.GetRed(2, 0), 255);
+        EXPECT_EQ(shown.GetGreen(0, 1), 255);
+        EXPECT_EQ(shown.GetBlue(1, 1), 255);
+        EXPECT_EQ(shown.GetRed(0, 0) + shown.GetGreen(2, 0) + shown.GetBlue(0, 1), 0);
+    }
+    wxImage source(3, 2);
+    source.SetRGB(1, 0, 10, 20, 30);
+    source.SetRGB(0, 1, 40, 50, 60);
+    wxBitmap bitmap(source);
+    const auto read = Wx::toRgbBitmap(bitmap);
+    ASSERT_TRUE(read);
+    EXPECT_EQ((*read)(1, 0), (Rgb{10 * 0.003921569F, 20 * 0.003921569F, 30 * 0.003921569F, 1.0F}));
+    EXPECT_EQ((*read)(0, 1), (Rgb{40 * 0.003921569F, 50 * 0.003921569F, 60 * 0.003921569F, 1.0F}));
+}
+
+TEST(BitmapConversion, ClampsAndRoundsColoursAndTruncatesAlpha) {
+    constexpr float INFINITE_VALUE = std::numeric_limits<float>::infinity();
+    constexpr float NAN_VALUE = std::numeric_limits<float>::quiet_NaN();
+    const struct {
+        float value;
+        int colour, alpha;
+    } cases[] = {
+        {0.5F, 128, 127},
+        {1.5F, 255, 255},
+        {-0.2F, 0, 0},
+        {0.3F, 76, 76},
+        {1.0F, 255, 255},
+        {0.999F, 255, 254},
+        {0.9F * BYTE, 1, 0},
+        {0.4F * BYTE, 0, 0},
+        {INFINITE_VALUE, 255, 255},
+        {-INFINITE_VALUE, 0, 0},
+        {NAN_VALUE, 0, 0},
+        {std::numeric_limits<float>::max(), 255, 255},
+        {std::numeric_limits<float>::denorm_min(), 0, 0},
+    };
+    for (const auto& c : cases) {
+        wxBitmap bitmap = Wx::toWxBitmap(BitmapImpl<Rgb>(1, 1, {c.value, c.value, c.value, c.value}), true);
+        const auto back = Wx::toRgbBitmap(bitmap);
+        ASSERT_TRUE(back);
+        EXPECT_EQ(std::lround((*back)(0, 0).green * 255.0F), c.colour) << c.value;
+        EXPECT_EQ(std::lround((*back)(0, 0).alpha * 255.0F), c.alpha) << c.value;
+    }
+}
+
+TEST(BitmapConversion, KnowsTheEmptyAndTheUnsupportedAndChangesNothing) {
+    EXPECT_FALSE(Wx::toWxBitmap({}, true).IsOk());
+    wxBitmap invalid;
+    const auto nothing = Wx::toRgbBitmap(invalid);
+    ASSERT_TRUE(nothing);
+    EXPECT_TRUE(nothing->isEmpty());
+    wxBitmap monochrome(4, 4, 1);
+    const auto unsupported = Wx::toRgbBitmap(monochrome);
+    ASSERT_FALSE(unsupported);
+    EXPECT_EQ(unsupported.error(), "Bitmap has unsupported bit depth.");
+    wxBitmap deep(4, 4, 32);
+    const bool hadAlpha = deep.HasAlpha();
+    ASSERT_TRUE(Wx::toRgbBitmap(deep));
+    EXPECT_EQ(deep.HasAlpha(), hadAlpha);
+}
+
+// Decoding
+
+constexpr wxBitmapType FORMATS[] = {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_ICO, wxBITMAP_TYPE_BMP,
+                                    wxBITMAP_TYPE_GIF, wxBITMAP_TYPE_TIFF, wxBITMAP_TYPE_TGA};
+constexpr int WIDTH = 11;
+constexpr int HEIGHT = 6;
+
+std::vector<unsigned char> encode(wxBitmapType type) {
+    wxImage image(WIDTH, HEIGHT);
+    for (int y = 0; y < HEIGHT; ++y) {
+        for (int x = 0; x < WIDTH; ++x) {
+            const auto level = static_cast<unsigned char>(x * 20);
+            image.SetRGB(x, y, level, static_cast<unsigned char>(y * 40), 90);
+        }
+    }
+    if (type == wxBITMAP_TYPE_GIF) {
+        wxImage reduced;
+        wxQuantize::Quantize(image, reduced); // GIF is written from a palette
+        image = reduced;
+    }
+    wxMemoryOutputStream stream;
+    EXPECT_TRUE(image.SaveFile(stream, type));
+    std::vector<unsigned char> bytes(stream.GetSize());
+    stream.CopyTo(bytes.data(), bytes.size());
+    return bytes;
+}
+
+/// Decodes the first `size` bytes.
+wxImage decode(const std::vector<unsigned char>& bytes, std::size_t size, wxBitmapType type) {
+    std::vector<unsigned> aligned(size / sizeof(unsigned) + 1);
+    std::memcpy(aligned.data(), bytes.data(), size);
+    return Wx::convertMemoryToImage(aligned.data(), static_cast<int>(size), type);
+}
+
+TEST(Decoding, ReadsEveryFormatByNameAndByContent) {
+    for (const wxBitmapType format : FORMATS) {
+        const std::vector<unsigned char> bytes = encode(format);
+        for (const wxBitmapType type : {format, wxBITMAP_TYPE_ANY}) {
+            const wxImage image = decode(bytes, bytes.size(), type);
+            ASSERT_TRUE(image.IsOk()) << format;
+            EXPECT_EQ(image.GetSize(), wxSize(WIDTH, HEIGHT)) << format;
+            // As near as the lossy one of them comes.
+            EXPECT_NEAR(image.GetRed(10, 0), 200, 24) << format;
+            EXPECT_NEAR(image.GetGreen(0, 5), 200, 24) << format;
+        }
+        const wxBitmapType wrong = format == wxBITMAP_TYPE_PNG ? wxBITMAP_TYPE_BMP : wxBITMAP_TYPE_PNG;
+        EXPECT_FALSE(decode(bytes, bytes.size(), wrong).IsOk()) << format;
+    }
+    const unsigned word = 0;
+    EXPECT_FALSE(Wx::convertMemoryToBitmap(nullptr, 4, wxBITMAP_TYPE_PNG).IsOk());
+    EXPECT_FALSE(Wx::convertMemoryToBitmap(&word, 4, wxBITMAP_TYPE_ANY).IsOk());
+    EXPECT_FALSE(Wx::convertMemoryToImage(&word, 0, wxBITMAP_TYPE_ANY).IsOk());
+    EXPECT_FALSE(Wx::convertMemoryToImage(&word, -1, wxBITMAP_TYPE_ANY).IsOk());
+}
+
+TEST(Decoding, SurvivesEveryTruncationAndFlippedBits) {
+    for (const wxBitmapType format : FORMATS) {
+        const std::vector<unsigned char> bytes = encode(format);
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            const wxImage truncated = decode(bytes, i, format);
+            EXPECT_TRUE(!truncated.IsOk() || truncated.GetSize() == wxSize(WIDTH, HEIGHT)) << format << ' ' << i;
+            std::vector<unsigned char> damaged = bytes;
+            damaged[i] = static_cast<unsigned char>(damaged[i] ^ (1U << (i * 5 % 8)));
+            const wxImage image = decode(damaged, damaged.size(), format);
+            EXPECT_TRUE(!image.IsOk() || image.GetData() != nullptr) << format << ' ' << i;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,69 @@
+#include <OstrelLibWx/widgets/Skinnable.h>
+
+#include "support/WidgetTest.h"
+
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <cstring>
+
+namespace Ostrel::Wx {
+namespace {
+
+GuiSkin strangeSkin() {
+    GuiSkin skin;
+    skin.text = {1, 2, 3};
+    skin.background = {4, 5, 6};
+    skin.link = {7, 8, 9};
+    return skin;
+}
+
+TEST(Skin, DefaultIsTheDarkPaletteInItsOrder) {
+    const std::uint8_t expected[24] = {200, 200, 200, 110, 110, 110, 68, 68, 68,  37, 37,  37,
+                                       0,   0,   0,   39,  147, 255, 0,  73, 112, 81, 167, 241};
+    const GuiSkin skin;
+    EXPECT_EQ(std::memcmp(&skin, expected, sizeof expected), 0);
+}
+
+/// Takes notes like a link would.
+class Link : public wxStaticText, public ILinkColours {
+public:
+    explicit Link(wxWindow* parent)
+        : wxStaticText(parent, wxID_ANY, "link") {}
+    void setNormalColour(const wxColour& colour) override { normal = colour; }
+    void setHoverColour(const wxColour& colour) override { hover = colour; }
+
+    wxColour normal, hover;
+};
+
+class SkinApplication : public WidgetTest {};
+
+TEST_F(SkinApplication, ReachesEveryWindowOfTheTreeAndTheLinks) {
+    auto* const inner = new wxPanel(&panel());
+    auto* const link = new Link(inner);
+    auto* const text = new wxTextCtrl(inner, wxID_ANY);
+    auto* const sibling = new wxPanel(&panel());
+
+    applySkinRecursive(&panel(), strangeSkin());
+
+    for (const wxWindow* const window : std::initializer_list<wxWindow*>{&panel(), inner, link, text, sibling}) {
+        EXPECT_EQ(window->GetBackgroundColour(), wxColour(4, 5, 6)) << window->GetName();
+        EXPECT_EQ(window->GetForegroundColour(), wxColour(1, 2, 3)) << window->GetName();
+    }
+    EXPECT_EQ(link->normal, wxColour(7, 8, 9));
+    EXPECT_EQ(link->hover, wxColour(7, 8, 9));
+    EXPECT_FALSE(frame().GetBackgroundColour() == wxColour(4, 5, 6)) << "the parent is left alone";
+}
+
+TEST_F(SkinApplication, MixinKeepsTheSkinAndShowsIt) {
+    auto* const text = new SkinnableMixin<wxTextCtrl>(&panel(), wxID_ANY, "text");
+    EXPECT_EQ(text->getSkin(), GuiSkin());
+    ISkinnable& skinnable = *text;
+    skinnable.applySkin(strangeSkin());
+    EXPECT_EQ(skinnable.getSkin(), strangeSkin());
+    EXPECT_EQ(text->GetBackgroundColour(), wxColour(4, 5, 6));
+    EXPECT_EQ(text->GetForegroundColour(), wxColour(1, 2, 3));
+}
+
+} // namespace
+} // namespace Ostrel::Wx
