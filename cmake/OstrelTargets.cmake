@@ -16,6 +16,8 @@ function(ostrel_target target)
     target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${OSTREL_WARNINGS_AS_ERRORS}>:/WX>)
   else()
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion $<$<BOOL:${OSTREL_WARNINGS_AS_ERRORS}>:-Werror>)
+    # A library's own calls stay inside it, so that they can be inlined.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
   endif()
   if(WIN32)
     target_compile_definitions(${target} PRIVATE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)

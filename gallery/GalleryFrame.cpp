@@ -104,7 +104,7 @@ void GalleryFrame::showPage(std::size_t index) {
     }
     if (shownAnew) {
         page->onPageShown(true);
-        page->SetFocusIgnoringChildren();
+        _log->SetFocus();
     }
 }
 

@@ -31,6 +31,8 @@ Page::Page(const PageContext& context, const wxString& title, const wxString& in
         _painted = true;
         event.Skip();
     });
+    // A click beside the controls takes the keys away from them; a panel that has children cannot hold the focus.
+    Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { _log.SetFocus(); });
     auto* const margin = new wxBoxSizer(wxVERTICAL);
     margin->Add(_content, wxSizerFlags(1).Expand().Border(wxALL, Wx::scaleByDpi(MARGIN)));
     _content->Add(makeText(TextRole::TITLE, title));

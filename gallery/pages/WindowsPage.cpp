@@ -9,7 +9,7 @@
 
 #include <wx/dcbuffer.h>
 #include <wx/display.h>
-#include <wx/frame.h>
+#include <wx/popupwin.h>
 #include <wx/timer.h>
 
 namespace Ostrel::Gallery {
@@ -224,22 +224,26 @@ private:
     }
 
     void place(wxPoint point) {
-        const wxSize SIZE{240, 120};
+        const wxSize SIZE{200, 80};
         if (!_placed) {
-            _placed = new wxFrame(
-                wxGetTopLevelParent(this), wxID_ANY, "Placed", wxDefaultPosition, Wx::scaleByDpi(SIZE),
-                wxFRAME_TOOL_WINDOW | wxFRAME_FLOAT_ON_PARENT | wxCAPTION | wxCLOSE_BOX | wxFRAME_NO_TASKBAR);
+            // A popup, because a window manager has its own mind about where a frame goes.
+            _placed = new wxPopupWindow(wxGetTopLevelParent(this));
+            auto* const button = new Wx::Button(
+                _placed, Wx::GuiSkin(), wxID_ANY, "Placed here. Click to close.", wxNullBitmap, wxNullBitmap,
+                [this] { closePlaced(); }, Wx::Button::PUSH, true, RawaBorderState::ENABLED);
+            button->SetSize(Wx::scaleByDpi(SIZE));
+            _placed->SetSize(button->GetSize());
             Wx::applySkinRecursive(_placed, Wx::GuiSkin());
-            _placed->ShowWithoutActivating();
         }
         Wx::smartPositionWindow(_placed, {point.x, point.y});
+        _placed->Show();
         log().report("smartPositionWindow", wxString::Format("asked for (%d, %d), placed at (%d, %d)", point.x, point.y,
                                                              _placed->GetPosition().x, _placed->GetPosition().y));
     }
 
     void closePlaced() {
         if (_placed) {
-            _placed->Destroy();
+            _placed->Hide();
         }
     }
 
@@ -279,7 +283,7 @@ private:
     Wx::Button* _includeHidden{};
     Wx::Button* _includeDisabled{};
     wxStaticText* _found{};
-    wxWeakRef<wxFrame> _placed;
+    wxPopupWindow* _placed{}; ///< null until it is asked for
     Array<FocusField*> _focusFields;
     FocusField* _lastFocused{};
 };

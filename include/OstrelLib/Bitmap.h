@@ -30,6 +30,22 @@ public:
         }
     }
 
+    BitmapImpl(const BitmapImpl&) = default;
+    BitmapImpl& operator=(const BitmapImpl&) = default;
+    ~BitmapImpl() = default;
+
+    /// Leaves `other` without pixels.
+    BitmapImpl(BitmapImpl&& other) noexcept
+        : _width(std::exchange(other._width, 0))
+        , _height(std::exchange(other._height, 0))
+        , _pixels(std::exchange(other._pixels, {})) {}
+    BitmapImpl& operator=(BitmapImpl&& other) noexcept {
+        _pixels = std::exchange(other._pixels, {});
+        _width = std::exchange(other._width, 0);
+        _height = std::exchange(other._height, 0);
+        return *this;
+    }
+
     [[nodiscard]] int getWidth() const noexcept { return _width; }
     [[nodiscard]] int getHeight() const noexcept { return _height; }
     [[nodiscard]] bool isEmpty() const noexcept { return _pixels.empty(); }

@@ -44,6 +44,7 @@ OSTREL_WX_API bool startup(ApplicationType type);
 /// that deletes the application object, the host's own included, and the image handlers; the library can then be
 /// started anew. Toolkit logging stays off. The count has no guard: a call too many is made up for by the next
 /// `startup`, which then does nothing.
+/// Since it runs `OnExit`, a wxWidgets host calls it elsewhere, for example at the end of its `OnRun`.
 OSTREL_WX_API void shutdown();
 
 /// Runs the application's main loop until `stopEventLoop`, or until the last top-level window closes, as the toolkit
@@ -57,6 +58,7 @@ OSTREL_WX_API void stopEventLoop();
 OSTREL_WX_API void processWxWidgetsPendingEvents();
 
 /// Dispatches the events that were queued with `QueueEvent`, and then every native message that waits. Never blocks.
+/// Top-level windows that were told to `Destroy` go with the idle processing: with the timer, or with `shutdown`.
 OSTREL_WX_API void processAllPendingEvents();
 
 } // namespace Ostrel::LibWx

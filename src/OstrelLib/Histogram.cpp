@@ -17,6 +17,10 @@ namespace {
 /// Less work than this (a fraction of a millisecond) is not worth a thread.
 constexpr std::size_t LEAST_PIXELS_PER_THREAD = 1U << 18U;
 
+/// Multiplying is faster than dividing by 3, and white stays 1.
+constexpr float ONE_THIRD = 0.33333334F;
+static_assert(3.0F * ONE_THIRD == 1.0F);
+
 /// A range that can be cut into bins. NaN makes every comparison false.
 bool isUsable(float min, float max) {
     return max > min && std::isfinite(min) && std::isfinite(max);
@@ -94,7 +98,7 @@ Histogram Histogram::compute(const BitmapImpl<Rgb>& image, CurveChannel channel,
     };
     switch (channel) {
     case CurveChannel::MASTER:
-        return countBy([](const Rgb& pixel) { return (pixel.red + pixel.green + pixel.blue) / 3.0F; });
+        return countBy([](const Rgb& pixel) { return (pixel.red + pixel.green + pixel.blue) * ONE_THIRD; });
     case CurveChannel::RED:
         return countBy([](const Rgb& pixel) { return pixel.red; });
     case CurveChannel::GREEN:

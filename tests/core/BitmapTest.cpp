@@ -44,6 +44,15 @@ TEST(Bitmap, IsEmptyOrFailsForOddSizes) {
     EXPECT_THROW(BitmapImpl<Rgb>(LARGEST, LARGEST), std::length_error);
 }
 
+TEST(Bitmap, IsEmptyAfterItsPixelsWereTaken) {
+    BitmapImpl<int> source(3, 2, 7);
+    BitmapImpl<int> target(std::move(source));
+    EXPECT_EQ(source, BitmapImpl<int>()); // NOLINT(bugprone-use-after-move): that is what is looked at
+    BitmapImpl<int>& itself = target;
+    target = std::move(itself);
+    EXPECT_EQ(target, BitmapImpl<int>(3, 2, 7));
+}
+
 TEST(Bitmap, ComparesShapeAndPixels) {
     BitmapImpl<int> bitmap(2, 3, 1);
     EXPECT_NE(bitmap, BitmapImpl<int>(3, 2, 1));

@@ -2,21 +2,12 @@
 
 #include "support/WidgetTest.h"
 
-#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <cstring>
 
 namespace Ostrel::Wx {
 namespace {
-
-GuiSkin strangeSkin() {
-    GuiSkin skin;
-    skin.text = {1, 2, 3};
-    skin.background = {4, 5, 6};
-    skin.link = {7, 8, 9};
-    return skin;
-}
 
 TEST(Skin, DefaultIsTheDarkPaletteInItsOrder) {
     const std::uint8_t expected[24] = {200, 200, 200, 110, 110, 110, 68, 68, 68,  37, 37,  37,
@@ -25,11 +16,8 @@ TEST(Skin, DefaultIsTheDarkPaletteInItsOrder) {
     EXPECT_EQ(std::memcmp(&skin, expected, sizeof expected), 0);
 }
 
-/// Takes notes like a link would.
-class Link : public wxStaticText, public ILinkColours {
-public:
-    explicit Link(wxWindow* parent)
-        : wxStaticText(parent, wxID_ANY, "link") {}
+struct Link : wxPanel, ILinkColours {
+    using wxPanel::wxPanel;
     void setNormalColour(const wxColour& colour) override { normal = colour; }
     void setHoverColour(const wxColour& colour) override { hover = colour; }
 
@@ -41,28 +29,24 @@ class SkinApplication : public WidgetTest {};
 TEST_F(SkinApplication, ReachesEveryWindowOfTheTreeAndTheLinks) {
     auto* const inner = new wxPanel(&panel());
     auto* const link = new Link(inner);
-    auto* const text = new wxTextCtrl(inner, wxID_ANY);
-    auto* const sibling = new wxPanel(&panel());
+    auto* const text = new SkinnableMixin<wxTextCtrl>(inner, wxID_ANY, "text");
+    GuiSkin skin;
+    skin.text = {1, 2, 3};
+    skin.background = {4, 5, 6};
+    skin.link = {7, 8, 9};
 
-    applySkinRecursive(&panel(), strangeSkin());
-
-    for (const wxWindow* const window : std::initializer_list<wxWindow*>{&panel(), inner, link, text, sibling}) {
+    text->applySkin(skin); // the same two colours, and the skin is kept
+    EXPECT_EQ(text->GetBackgroundColour(), wxColour(4, 5, 6));
+    EXPECT_EQ(text->getSkin(), skin);
+    text->applySkin(GuiSkin());
+    applySkinRecursive(&panel(), skin);
+    EXPECT_EQ(text->getSkin(), GuiSkin()) << "passing over a control gives it colours, not the skin";
+    for (const wxWindow* const window : std::initializer_list<wxWindow*>{&panel(), inner, link, text}) {
         EXPECT_EQ(window->GetBackgroundColour(), wxColour(4, 5, 6)) << window->GetName();
         EXPECT_EQ(window->GetForegroundColour(), wxColour(1, 2, 3)) << window->GetName();
     }
     EXPECT_EQ(link->normal, wxColour(7, 8, 9));
     EXPECT_EQ(link->hover, wxColour(7, 8, 9));
-    EXPECT_FALSE(frame().GetBackgroundColour() == wxColour(4, 5, 6)) << "the parent is left alone";
-}
-
-TEST_F(SkinApplication, MixinKeepsTheSkinAndShowsIt) {
-    auto* const text = new SkinnableMixin<wxTextCtrl>(&panel(), wxID_ANY, "text");
-    EXPECT_EQ(text->getSkin(), GuiSkin());
-    ISkinnable& skinnable = *text;
-    skinnable.applySkin(strangeSkin());
-    EXPECT_EQ(skinnable.getSkin(), strangeSkin());
-    EXPECT_EQ(text->GetBackgroundColour(), wxColour(4, 5, 6));
-    EXPECT_EQ(text->GetForegroundColour(), wxColour(1, 2, 3));
 }
 
 } // namespace

@@ -10,15 +10,13 @@ namespace {
 constexpr long long SHORT_MS = 20;
 constexpr long long NEVER_MS = 1LL << 40;
 
-class Owner : public wxPanel, public TooltipWindow {
-public:
+struct Owner : wxPanel, TooltipWindow {
     explicit Owner(wxWindow* parent)
         : wxPanel(parent, wxID_ANY, wxPoint(40, 40), wxSize(120, 80))
         , TooltipWindow(this) {
-        Bind(wxEVT_MOTION, [this](wxMouseEvent&) { ++motions; });
+        Bind(wxEVT_MOTION, [this](wxMouseEvent&) { moved = true; });
     }
-
-    int motions = 0;
+    bool moved = false;
 };
 
 class TooltipTest : public WidgetTest {
@@ -26,127 +24,96 @@ protected:
     void SetUp() override {
         WidgetTest::SetUp();
         owner = new Owner(&panel());
-        EXPECT_EQ(owner->getTooltip(), nullptr);
         owner->setTooltip("Two\nlines of text");
         tooltip = owner->getTooltip();
         tooltip->setDelay(SHORT_MS);
         showAll();
     }
 
-    /// Moves the pointer over the owner until the owner has been told.
-    void rest(wxPoint point) {
-        movePointer(*owner, point - wxPoint(5, 0));
-        movePointer(*owner, point);
-        EXPECT_TRUE(pumpUntil([this] { return owner->motions > 0; })) << "the owner's own handlers are not asked";
+    /// Moves the pointer over the owner until the owner's own handler has been told as well.
+    void rest() {
+        movePointer(*owner, wxPoint(30, 20));
+        movePointer(*owner, wxPoint(40, 20));
+        EXPECT_TRUE(pumpUntil([this] { return owner->moved; }));
     }
-
-    bool appears() {
-        return pumpUntil([this] { return tooltip->IsShown(); });
-    }
-
     /// Tells the owner that the mouse moves over it, wherever the pointer is.
     void sendMotion() {
         wxMouseEvent event(wxEVT_MOTION);
         owner->ProcessWindowEvent(event);
+    }
+    bool becomes(bool shown) {
+        return pumpUntil([this, shown] { return tooltip->IsShown() == shown; });
     }
 
     wxWeakRef<Owner> owner;
     wxWeakRef<Tooltip> tooltip;
 };
 
-PixelColour systemColour(wxSystemColour index) {
-    const wxColour colour = wxSystemSettings::GetColour(index);
-    return {colour.Red(), colour.Green(), colour.Blue()};
-}
-
 TEST_F(TooltipTest, AppearsAtTheMouseInItsExactSizeAndTakesNoFocus) {
     const wxWindow* const focus = wxWindow::FindFocus();
-    rest(wxPoint(30, 20));
-    ASSERT_TRUE(appears());
+    rest();
+    ASSERT_TRUE(becomes(true));
     EXPECT_EQ(tooltip->GetScreenPosition(), wxGetMousePosition() + wxPoint(10, 5));
     const wxSize first = tooltip->GetTextExtent("Two");
     const wxSize second = tooltip->GetTextExtent("lines of text");
     EXPECT_EQ(tooltip->GetSize(), wxSize(second.x + 6, first.y + second.y + 6));
     EXPECT_EQ(tooltip->GetClientSize(), tooltip->GetSize()) << "the system adds no border";
+    EXPECT_TRUE(wxWindow::FindFocus() == focus && frame().IsActive());
 
-    const PixelColour ink = systemColour(wxSYS_COLOUR_INFOTEXT);
-    EXPECT_TRUE(pumpUntil([&] { return pixelAt(capture(*tooltip), 0, 0) == ink; }));
-    const wxImage shown = capture(*tooltip);
-    EXPECT_EQ(pixelAt(shown, shown.GetWidth() - 1, shown.GetHeight() - 1), ink);
-    EXPECT_EQ(pixelAt(shown, 1, 1), systemColour(wxSYS_COLOUR_INFOBK));
-    EXPECT_EQ(wxWindow::FindFocus(), focus);
-    EXPECT_TRUE(frame().IsActive());
+    const auto shows = [this](wxPoint at, wxSystemColour index) {
+        const wxColour colour = wxSystemSettings::GetColour(index);
+        const PixelColour expected{colour.Red(), colour.Green(), colour.Blue()};
+        return pumpUntil([&] { return pixelAt(capture(*tooltip), at.x, at.y) == expected; });
+    };
+    EXPECT_TRUE(shows(wxPoint(second.x + 5, first.y + second.y + 5), wxSYS_COLOUR_INFOTEXT));
+    EXPECT_TRUE(shows(wxPoint(1, 1), wxSYS_COLOUR_INFOBK));
 
-    owner->setTooltip("Another text, while the first is shown");
-    EXPECT_EQ(tooltip->GetSize().x, tooltip->GetTextExtent("Another text, while the first is shown").x + 6);
-    EXPECT_TRUE(tooltip->IsShown());
+    const wxString longer = "Another text, while the first is shown";
+    owner->setTooltip(longer.ToStdWstring());
+    EXPECT_EQ(tooltip->GetSize().x, tooltip->GetTextExtent(longer).x + 6);
     owner->setTooltip("");
     EXPECT_FALSE(tooltip->IsShown());
 }
 
 TEST_F(TooltipTest, GoesWhenTheMouseLeavesOrTheButtonComesUp) {
-    movePointer(*owner, middle(*owner));
-    ASSERT_TRUE(appears());
+    rest();
+    ASSERT_TRUE(becomes(true));
     movePointer(panel(), wxPoint(400, 300));
-    EXPECT_TRUE(pumpUntil([this] { return !tooltip->IsShown(); }));
-
-    movePointer(*owner, middle(*owner));
-    ASSERT_TRUE(appears());
+    EXPECT_TRUE(becomes(false));
+    rest();
+    ASSERT_TRUE(becomes(true));
     tooltip->setDelay(NEVER_MS);
     pressButton();
     releaseButton();
-    EXPECT_TRUE(pumpUntil([this] { return !tooltip->IsShown(); }));
-}
+    EXPECT_TRUE(becomes(false));
 
-TEST_F(TooltipTest, EveryMotionArmsItAnew) {
-    tooltip->setDelay(NEVER_MS);
-    rest(middle(*owner));
-    tooltip->setDelay(0); // counts when it is armed next
+    // Every motion arms it anew: a new delay counts from the next one on.
+    tooltip->setDelay(0);
     settle();
     EXPECT_FALSE(tooltip->IsShown());
     sendMotion();
-    EXPECT_TRUE(appears());
+    EXPECT_TRUE(becomes(true));
 }
 
-TEST_F(TooltipTest, StaysAwayFromAMouseElsewhereAndWithoutText) {
+TEST_F(TooltipTest, StaysAwayWhileTheMouseIsElsewhere) {
     sendMotion();
     wxTimer after;
     after.StartOnce(3 * SHORT_MS);
     EXPECT_TRUE(pumpUntil([&after] { return !after.IsRunning(); }));
-    EXPECT_FALSE(tooltip->IsShown()) << "the pointer is outside the owner";
-
-    owner->setTooltip("");
-    movePointer(*owner, middle(*owner));
-    sendMotion();
-    after.StartOnce(3 * SHORT_MS);
-    EXPECT_TRUE(pumpUntil([&after] { return !after.IsRunning(); }));
-    EXPECT_FALSE(tooltip->IsShown()) << "there is no line to show";
-}
-
-TEST_F(TooltipTest, IsBrokenAt250DesignPixels) {
-    String text;
-    for (int i = 0; i < 40; ++i) {
-        text += L"word ";
-    }
-    tooltip->setText(text);
-    ASSERT_GT(tooltip->getLines().size(), 1u);
-    EXPECT_LE(tooltip->GetTextExtent(wxString(tooltip->getLines().front().toWide())).x, tooltip->FromDIP(250));
-    EXPECT_GT(tooltip->GetTextExtent(wxString(tooltip->getLines().front().toWide())).x, tooltip->FromDIP(200));
+    EXPECT_FALSE(tooltip->IsShown());
 }
 
 TEST_F(TooltipTest, GoesWithItsOwnerOrBeforeIt) {
-    movePointer(*owner, middle(*owner));
-    ASSERT_TRUE(appears());
+    rest();
+    ASSERT_TRUE(becomes(true));
     tooltip->Destroy();
-    EXPECT_TRUE(pumpUntil([this] { return !tooltip; }));
-    EXPECT_EQ(owner->getTooltip(), nullptr);
+    EXPECT_TRUE(pumpUntil([this] { return owner->getTooltip() == nullptr; }));
     sendMotion();
-
     owner->setTooltip("again");
     tooltip = owner->getTooltip();
     tooltip->setDelay(SHORT_MS);
     sendMotion();
-    ASSERT_TRUE(appears());
+    ASSERT_TRUE(becomes(true));
     owner->Destroy();
     EXPECT_TRUE(pumpUntil([this] { return !owner && !tooltip; }));
 }
