@@ -30,6 +30,21 @@ public:
         }
     }
 
+    /// A picture of pixels that are there already, row by row. Throws `std::invalid_argument` if they are not width ×
+    /// height.
+    [[nodiscard]] static BitmapImpl fromPixels(int width, int height, Array<T> pixels) {
+        BitmapImpl bitmap;
+        if (width > 0 && height > 0) {
+            bitmap._width = width;
+            bitmap._height = height;
+        }
+        if (pixels.size() != bitmap.index(0, bitmap._height)) {
+            throw std::invalid_argument("pixels do not fill the bitmap");
+        }
+        bitmap._pixels = std::move(pixels);
+        return bitmap;
+    }
+
     BitmapImpl(const BitmapImpl&) = default;
     BitmapImpl& operator=(const BitmapImpl&) = default;
     ~BitmapImpl() = default;

@@ -5,14 +5,14 @@
 
 #include <wx/frame.h>
 
-int main()
-{
-    Ostrel::LibWx::startup(Ostrel::LibWx::ApplicationType{0});
+int main() {
+    Ostrel::LibWx::startup(Ostrel::LibWx::ApplicationType::STANDALONE);
     int clicks = 0;
     {
         auto* frame = new wxFrame(nullptr, wxID_ANY, "Outside");
-        auto* button = new Ostrel::Wx::Button(frame, Ostrel::Wx::GuiSkin(), wxID_ANY, "Press", wxBitmap(), wxBitmap(), [&clicks] { ++clicks; },
-                                              Ostrel::Wx::Button::Behavior{0}, true, Ostrel::RawaBorderState{4});
+        auto* button = new Ostrel::Wx::Button(
+            frame, Ostrel::Wx::GuiSkin(), wxID_ANY, "Press", wxNullBitmap, wxNullBitmap, [&clicks] { ++clicks; },
+            Ostrel::Wx::Button::PUSH, true, Ostrel::RawaBorderState::ENABLED);
         button->doClick({1, 1});
         frame->Destroy();
         Ostrel::LibWx::processAllPendingEvents();
