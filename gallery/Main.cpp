@@ -25,6 +25,14 @@ void print(std::FILE* stream, const String& text) {
     std::fflush(stream);
 }
 
+/// A failed assertion of the toolkit is told where the program was started, and stops nothing.
+void reportAssertion(const wxString& file, int line, const wxString& function, const wxString& condition,
+                     const wxString& message) {
+    if (const Optional<String> text = Wx::formatWxAssertFailure(file, line, function, condition, message)) {
+        print(stderr, *text);
+    }
+}
+
 String getUsageOfAllPages() {
     Array<String> titles;
     for (const PageEntry& entry : getPages()) {
@@ -79,6 +87,7 @@ int runGallery(ArrayView<const String> arguments) {
     if (options->only && !only) {
         return refuse("there is no page \"" + *options->only + "\"");
     }
+    wxSetAssertHandler(reportAssertion);
     LibWx::startup(LibWx::ApplicationType::STANDALONE);
     const int result = showGallery(*options, only);
     LibWx::shutdown();

@@ -72,7 +72,9 @@ Picture loadPicture(const Path& path) {
             file);
         return picture;
     }
-    if (image.HasMask()) {
+    if (image.HasAlpha()) {
+        image.SetMask(false); // an icon has both, and alpha says more
+    } else if (image.HasMask()) {
         image.InitAlpha();
     }
     picture.hasAlpha = image.HasAlpha();

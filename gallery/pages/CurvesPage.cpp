@@ -2,14 +2,47 @@
 #include "Plots.h"
 
 #include <OstrelLibWx/WindowUtils.h>
-#include <OstrelLibWx/widgets/GuiSkin.h>
 #include <OstrelLibWx/widgets/StaticBitmap.h>
+
+#include <wx/dcbuffer.h>
+#include <wx/panel.h>
 
 #include <algorithm>
 
 namespace Ostrel::Gallery {
 
 namespace {
+
+/// Labels at equal distances below a strip, each centred below its place, the outermost ending where the strip does.
+class Scale : public wxPanel {
+public:
+    Scale(wxWindow* parent, wxSize size, Array<wxString> labels)
+        : wxPanel(parent, wxID_ANY, wxDefaultPosition, size, wxBORDER_NONE)
+        , _labels(std::move(labels)) {
+        SetMinSize(size);
+        SetFont(makeFont(*this, TextRole::CAPTION));
+        SetBackgroundStyle(wxBG_STYLE_PAINT);
+        Bind(wxEVT_PAINT, &Scale::onPaint, this);
+    }
+
+private:
+    void onPaint(wxPaintEvent&) {
+        wxAutoBufferedPaintDC dc(this);
+        dc.SetBackground(GetBackgroundColour());
+        dc.Clear();
+        dc.SetFont(GetFont());
+        dc.SetTextForeground(getTextColour(TextRole::CAPTION));
+        const int length = GetClientSize().x;
+        const int steps = static_cast<int>(_labels.size()) - 1;
+        for (int step = 0; step <= steps; ++step) {
+            const wxString& label = _labels[static_cast<std::size_t>(step)];
+            const int width = dc.GetTextExtent(label).x;
+            dc.DrawText(label, std::clamp(length * step / steps - width / 2, 0, length - width), 0);
+        }
+    }
+
+    Array<wxString> _labels;
+};
 
 /// Values of the core library that the later controls edit.
 class CurvesPage : public Page {
@@ -64,19 +97,12 @@ private:
             makeScale(STEPS, [](int step) { return wxString::Format("%g", static_cast<double>(step) / STEPS); }));
     }
 
-    /// Labels below a strip, each centred below its place; the outermost end where the strip does.
     wxWindow* makeScale(int steps, const Function<wxString(int)>& getLabel) {
-        const wxSize size = Wx::scaleByDpi(wxSize(CONTENT_WIDTH, 2 * GRID));
-        const auto paint = [&](wxDC& dc) {
-            dc.SetFont(makeFont(*this, TextRole::CAPTION));
-            dc.SetTextForeground(getTextColour(TextRole::CAPTION));
-            for (int step = 0; step <= steps; ++step) {
-                const wxString label = getLabel(step);
-                const int width = dc.GetTextExtent(label).x;
-                dc.DrawText(label, std::clamp(size.x * step / steps - width / 2, 0, size.x - width), 0);
-            }
-        };
-        return new Wx::StaticBitmap(this, wxID_ANY, paintBitmap(size, Wx::toWxColour(Wx::GuiSkin().background), paint));
+        Array<wxString> labels;
+        for (int step = 0; step <= steps; ++step) {
+            labels.push_back(getLabel(step));
+        }
+        return new Scale(this, Wx::scaleByDpi(wxSize(CONTENT_WIDTH, 2 * GRID)), labels);
     }
 };
 

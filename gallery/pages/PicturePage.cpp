@@ -14,12 +14,12 @@ namespace Ostrel::Gallery {
 
 namespace {
 
-/// The largest size of the same proportions that fits into `room`; enlarged by whole numbers alone.
+/// Magnified at least so much, a picture shows its pixels as squares.
+constexpr int SQUARES_FROM = 4;
+
+/// The largest size of the same proportions that fits into `room`.
 wxSize fit(wxSize picture, wxSize room) {
     const double scale = std::min(static_cast<double>(room.x) / picture.x, static_cast<double>(room.y) / picture.y);
-    if (scale >= 1.0) {
-        return picture * static_cast<int>(scale);
-    }
     return {std::clamp(static_cast<int>(picture.x * scale), 1, std::max(1, room.x)),
             std::clamp(static_cast<int>(picture.y * scale), 1, std::max(1, room.y))};
 }
@@ -47,8 +47,8 @@ private:
         event.Skip();
         const wxSize size = fit(_image.GetSize(), GetClientSize());
         if (!_fitted.IsOk() || _fitted.GetSize() != size) {
-            const bool enlarged = size.x >= _image.GetWidth();
-            _fitted = _image.Scale(size.x, size.y, enlarged ? wxIMAGE_QUALITY_NEAREST : wxIMAGE_QUALITY_BOX_AVERAGE);
+            const bool squares = size.x >= SQUARES_FROM * _image.GetWidth();
+            _fitted = _image.Scale(size.x, size.y, squares ? wxIMAGE_QUALITY_NEAREST : wxIMAGE_QUALITY_HIGH);
         }
         Refresh();
     }

@@ -53,7 +53,7 @@ private:
         wxBitmap icon;
         icon.CopyFromIcon(frame->GetIcons().GetIconByIndex(0));
         if (icon.IsOk()) {
-            content().Prepend(new Wx::StaticBitmap(this, wxID_ANY, icon),
+            content().Prepend(new Wx::StaticBitmap(this, wxID_ANY, Wx::scaleByDpi(icon)),
                               wxSizerFlags().Border(wxBOTTOM, Wx::scaleByDpi(2 * GRID)));
         }
     }
