@@ -65,6 +65,8 @@ GalleryFrame::GalleryFrame(const Picture& picture)
     size.DecTo(room);
     SetSize(size);
     Centre();
+    const wxPoint centred = GetPosition();
+    Wx::smartPositionWindow(this, {centred.x, centred.y});
 }
 
 void GalleryFrame::buildList(wxSizer& list) {

@@ -1,13 +1,15 @@
 #include "Picture.h"
 
+#include <OstrelLib/Streams.h>
 #include <OstrelLibWx/BitmapUtils.h>
 
 #include <wx/filename.h>
 #include <wx/image.h>
-#include <wx/log.h>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
+#include <vector>
 
 namespace Ostrel::Gallery {
 
@@ -46,6 +48,26 @@ Expected<BitmapImpl<Rgb>, String> toFloats(wxImage image) {
     return floats;
 }
 
+/// The picture in a file; invalid if it cannot be read or decoded.
+wxImage decodeFile(const Path& path) {
+    constexpr std::size_t PART = 1 << 16;
+    std::vector<unsigned> words; // the decoder takes words
+    std::size_t size = 0;
+    try {
+        Io::FileInputStream file(path);
+        for (std::size_t count = PART; count == PART; size += count) {
+            words.resize((size + PART) / sizeof(unsigned));
+            count = file.read(reinterpret_cast<unsigned char*>(words.data()) + size, PART);
+            if (size + count > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+                return {};
+            }
+        }
+    } catch (const Io::StreamException&) {
+        return {};
+    }
+    return Wx::convertMemoryToImage(words.data(), static_cast<int>(size), wxBITMAP_TYPE_ANY);
+}
+
 float mix(float over, float under, float alpha) {
     return over * alpha + under * (1.0f - alpha);
 }
@@ -60,11 +82,7 @@ Picture loadPicture(const Path& path) {
         picture.error = wxString::Format(L"The picture \"%s\" could not be read: there is no such file.", file);
         return picture;
     }
-    wxImage image;
-    {
-        const wxLogNull silence;
-        image.LoadFile(file, wxBITMAP_TYPE_ANY);
-    }
+    wxImage image = decodeFile(path);
     if (!image.IsOk()) {
         picture.error = wxString::Format(
             L"The picture \"%s\" could not be read: it is damaged, or its format is not one of PNG, JPEG, BMP, GIF, "

@@ -41,9 +41,9 @@ install_packages() {
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     say "installing ${missing[*]}"
-    as_root apt-get update -q >/dev/null || say 'the package lists could not be brought up to date; going on with what is known'
+    as_root apt-get -o DPkg::Lock::Timeout=600 update -q >/dev/null || say 'the package lists could not be brought up to date; going on with what is known'
     as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -q -y --no-install-recommends -o Dpkg::Use-Pty=0 "${missing[@]}" >"$cache/install.log" 2>&1 || {
+        apt-get install -q -y --no-install-recommends -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=600 "${missing[@]}" >"$cache/install.log" 2>&1 || {
         tail -20 "$cache/install.log" >&2
         fail "packages could not be installed; the whole log is $cache/install.log"
     }
@@ -65,7 +65,7 @@ configure() {
     local preset=$1
     [ -f "build/$preset/build.ninja" ] && [ "build/$preset/build.ninja" -nt CMakePresets.json ] && return 0
     local extra=()
-    [ "$preset" != windows-release ] || extra=("-DCMAKE_PREFIX_PATH=$windows_toolkit/current")
+    [ "$preset" != windows-release ] || extra=("-DCMAKE_PREFIX_PATH=$(readlink -f "$windows_toolkit/current")")
     say "configuring build/$preset"
     cmake --preset "$preset" "${extra[@]}" >"$cache/configure.log" 2>&1 || {
         tail -40 "$cache/configure.log" >&2

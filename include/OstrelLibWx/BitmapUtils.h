@@ -14,7 +14,8 @@
 namespace Ostrel::Wx {
 
 /// Decodes a picture held in memory. Damaged data are safe to pass. Of a GIF, the first picture is taken, if it is
-/// whole.
+/// whole. A BMP or ICO with run-length encoding is not decoded, because the toolkit's decoder writes outside the
+/// picture.
 /// @param data the file's bytes
 /// @param size in bytes
 /// @param type its format; wxBITMAP_TYPE_ANY to find out from the data

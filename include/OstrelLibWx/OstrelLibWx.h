@@ -57,7 +57,8 @@ OSTREL_WX_API void stopEventLoop();
 /// Dispatches the events that were queued with `QueueEvent`; no native message.
 OSTREL_WX_API void processWxWidgetsPendingEvents();
 
-/// Dispatches the events that were queued with `QueueEvent`, and then every native message that waits. Never blocks.
+/// Dispatches the events that were queued with `QueueEvent`, and then every native message that waits. Never blocks;
+/// on Linux an idle source of the host that stays installed keeps it going (see `Lib::runSingleEventLoopIteration`).
 /// Top-level windows that were told to `Destroy` go with the idle processing: with the timer, or with `shutdown`.
 OSTREL_WX_API void processAllPendingEvents();
 

@@ -77,7 +77,7 @@ OSTREL_WX_API wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags);
 
 // Icons
 
-/// Makes `bitmap` the window's icon. An invalid bitmap leaves the window as it is.
+/// Makes `bitmap` the window's icon. An invalid bitmap takes the icon away.
 OSTREL_WX_API void setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap);
 
 /// Makes the product's icon, 64 × 64 pixels, the window's icon.

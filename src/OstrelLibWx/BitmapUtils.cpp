@@ -3,11 +3,14 @@
 #include <cstddef>
 #include <cstdint>
 
+#include <wx/debug.h>
+#include <wx/imagtga.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 #include <wx/rawbmp.h>
 
 #include "models/GifFrame.h"
+#include "models/PictureCheck.h"
 
 namespace Ostrel::Wx {
 
@@ -91,6 +94,33 @@ wxBitmap writePixels(const BitmapImpl<Rgb>& image, int depth) {
     return bitmap;
 }
 
+/// Whether the toolkit's decoder for `type`, or for what it will take the data for, can be trusted with them.
+bool isSafeToDecode(ArrayView<const unsigned char> file, wxBitmapType type) {
+    const bool any = type == wxBITMAP_TYPE_ANY;
+    if (type == wxBITMAP_TYPE_BMP || (any && Detail::isBmp(file))) {
+        return Detail::isSafeBmp(file);
+    }
+    if (type == wxBITMAP_TYPE_ICO || type == wxBITMAP_TYPE_CUR || (any && Detail::isIcon(file))) {
+        return Detail::isSafeIcon(file);
+    }
+    wxMemoryInputStream stream(file.data(), file.size());
+    return !(type == wxBITMAP_TYPE_TGA || (any && wxTGAHandler().CanRead(stream))) || Detail::isSafeTga(file);
+}
+
+/// No message and no assertion of the toolkit as long as it lives: damaged data cause both.
+class ScopedSilence {
+public:
+    ScopedSilence()
+        : _assertHandler(wxSetAssertHandler(nullptr)) {}
+    ~ScopedSilence() { wxSetAssertHandler(_assertHandler); }
+    ScopedSilence(const ScopedSilence&) = delete;
+    ScopedSilence& operator=(const ScopedSilence&) = delete;
+
+private:
+    wxLogNull _log;
+    wxAssertHandler_t _assertHandler;
+};
+
 } // namespace
 
 wxBitmap convertMemoryToBitmap(const unsigned* data, int size, wxBitmapType type) {
@@ -103,12 +133,14 @@ wxImage convertMemoryToImage(const unsigned* data, int size, wxBitmapType type) 
         return {};
     }
     ArrayView<const unsigned char> file(reinterpret_cast<const unsigned char*>(data), static_cast<std::size_t>(size));
+    const ScopedSilence silence;
     Array<unsigned char> checked;
     if (type == wxBITMAP_TYPE_GIF || (type == wxBITMAP_TYPE_ANY && Detail::isGif(file))) {
         checked = Detail::extractFirstGifFrame(file);
         file = checked;
+    } else if (!isSafeToDecode(file, type)) {
+        return {};
     }
-    const wxLogNull silence;
     wxMemoryInputStream stream(file.data(), file.size());
     wxImage image;
     image.SetLoadFlags(image.GetLoadFlags() & ~wxImage::Load_Verbose); // some decoders write to the console

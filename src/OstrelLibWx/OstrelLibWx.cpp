@@ -65,7 +65,7 @@ void addImageHandlers() {
     wxImage::AddHandler(new wxTGAHandler);
 }
 
-/// Takes the rest of the arguments by their meaning: the check comes after the toolkit's initialisation, on purpose.
+/// The check comes after the toolkit's initialisation, on purpose.
 void checkType(ApplicationType type) {
     switch (type) {
     case ApplicationType::STANDALONE:

@@ -1,9 +1,11 @@
 #include <OstrelLibWx/WindowUtils.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <wx/display.h>
 #include <wx/icon.h>
+#include <wx/iconbndl.h>
 #include <wx/image.h>
 
 #include <OstrelLib/Types.h>
@@ -80,7 +82,9 @@ wxBitmap scaleByDpi(wxBitmap bitmap) {
 }
 
 wxFont setDefaultFontSize(wxFont font, float factor) {
-    font.SetPixelSize(wxSize(0, static_cast<int>(static_cast<float>(scaleByDpi(TEXT_HEIGHT)) * factor)));
+    constexpr float MAX_HEIGHT = 32767.0F; // of a font; NaN becomes it as well, rather than an undefined conversion
+    const float height = std::clamp(static_cast<float>(scaleByDpi(TEXT_HEIGHT)) * factor, -MAX_HEIGHT, MAX_HEIGHT);
+    font.SetPixelSize(wxSize(0, static_cast<int>(std::isnan(height) ? MAX_HEIGHT : height)));
     return font;
 }
 
@@ -99,7 +103,8 @@ wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags) {
 
 void setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap) {
     if (!bitmap.IsOk()) {
-        return; // the toolkit would assert
+        window->SetIcons(wxIconBundle()); // an empty icon, for which the toolkit would assert
+        return;
     }
     wxIcon icon;
     icon.CopyFromBitmap(bitmap);

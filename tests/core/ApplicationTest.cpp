@@ -21,17 +21,14 @@ TEST(ModuleHandle, NamesTheModuleOfTheCaller) {
     EXPECT_NE(WinApi::getMyModuleHandle(), nullptr);
     EXPECT_EQ(WinApi::getMyModuleHandle(), Detail::getModuleHandleFromAddress(&ownData));
     void* library = Detail::getModuleHandleFromAddress(reinterpret_cast<const void*>(&ostrelMalloc));
-    EXPECT_NE(library, nullptr);
     EXPECT_NE(WinApi::getMyModuleHandle(), library);
-    int onTheStack = 0;
-    EXPECT_EQ(Detail::getModuleHandleFromAddress(&onTheStack), nullptr);
     EXPECT_EQ(Detail::getModuleHandleFromAddress(nullptr), nullptr);
 }
 
 TEST(WindowDisabling, IgnoresHandlesOfNoWindow) {
-    const WindowDisabler none{WindowHandle()};
-    const WindowDisabler unknown{WindowHandle(0x7FFFFFF1)};
-    EXPECT_EQ(getFontScale(), getFontScale());
+    for (const WindowHandle handle : {WindowHandle(), WindowHandle(0x7FFFFFF1)}) {
+        EXPECT_NO_THROW(const WindowDisabler disabler{handle});
+    }
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 #include <OstrelLib/Exceptions.h>
 #include <OstrelLib/Histogram.h>
 
+#include "core/Extremes.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <numeric>
 #include <random>
 
 using namespace Ostrel;
@@ -16,9 +16,7 @@ namespace {
 using Counts = Array<std::uint64_t>;
 using enum CurveChannel;
 
-constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
-constexpr float INFINITE = std::numeric_limits<float>::infinity();
-constexpr float LARGEST = std::numeric_limits<float>::max();
+constexpr std::uint64_t MOST = std::numeric_limits<std::uint64_t>::max();
 
 BitmapImpl<Rgb> rowOf(std::initializer_list<Rgb> pixels) {
     BitmapImpl<Rgb> image(static_cast<int>(pixels.size()), 1);
@@ -49,17 +47,14 @@ TEST(HistogramCount, BinsContainTheirLowerEdgeAndTheLastItsUpperToo) {
     EXPECT_EQ(redCounts(rowOf({{-3}, {-2}, {-1}}), -3, -1, 2), (Counts{1, 2}));
 }
 
-TEST(HistogramCount, LeavesOutWhatIsOutside) {
+TEST(HistogramCount, LeavesOutWhatIsOutsideAndCountsNothingInOddRanges) {
     const BitmapImpl<Rgb> image =
         rowOf({{NOT_A_NUMBER}, {INFINITE}, {-INFINITE}, {LARGEST}, {-LARGEST}, {-0.5F}, {2}, {0.5F}});
     EXPECT_EQ(redCounts(image, 0, 1, 2), (Counts{0, 1}));
     EXPECT_EQ(redCounts(image, -LARGEST, LARGEST, 3), (Counts{1, 3, 1})) << "a range as wide as float can have";
     const BitmapImpl<Rgb> sums = rowOf({{LARGEST, LARGEST, LARGEST}, {INFINITE, -INFINITE, 0}, {0.5F, 0.5F, 0.5F}});
     EXPECT_EQ(Histogram::compute(sums, MASTER, 0, LARGEST, 1).getBins(), (Counts{1}));
-}
 
-TEST(HistogramCount, OddRangesAndBinCountsCountNothing) {
-    const BitmapImpl<Rgb> image = rowOf({{0.5F}, {1}, {NOT_A_NUMBER}});
     for (const auto& [min, max] :
          {std::pair{1.0F, 1.0F}, {1.0F, 0.0F}, {NOT_A_NUMBER, 1.0F}, {0.0F, NOT_A_NUMBER}, {0.0F, INFINITE}}) {
         EXPECT_EQ(redCounts(image, min, max, 3), (Counts{0, 0, 0})) << min << " to " << max;
@@ -81,11 +76,9 @@ TEST(HistogramCount, OfALargePictureIsExact) {
     const Histogram histogram = Histogram::compute(image, GREEN, 0, 1, 256);
     EXPECT_EQ(histogram.getBins(), expected);
     EXPECT_EQ(histogram.getLargestBin(), *std::max_element(expected.begin(), expected.end()));
-    EXPECT_EQ(histogram, Histogram::compute(image, GREEN, 0, 1, 256));
 }
 
 TEST(HistogramCumulative, AscendsToOne) {
-    constexpr std::uint64_t MOST = std::numeric_limits<std::uint64_t>::max();
     EXPECT_EQ(Histogram({1, 0, 2, 1, 0}, 0, 1).getCumulativeHistogram(), (Array<float>{0.25F, 0.25F, 0.75F, 1, 1}));
     EXPECT_EQ(Histogram({MOST, MOST}, 0, 1).getCumulativeHistogram(), (Array<float>{0.5F, 1}));
     EXPECT_EQ(Histogram({0, 0}, 0, 1).getCumulativeHistogram(), (Array<float>{0, 0}));
@@ -103,51 +96,22 @@ TEST(EqualizingCurve, HasItsPointsWhereTheCumulativeReachesEachLevel) {
     EXPECT_EQ(points({1}, -1, 1, 2), (Array<CurvePoint>{{-1, 0}, {1, 1}}));
 }
 
-TEST(EqualizingCurve, SpreadsASkewedHistogramEvenly) {
-    // A dark picture with a tail into the bright and a gap.
-    BitmapImpl<Rgb> image(400, 400);
-    std::minstd_rand random(1);
-    std::exponential_distribution<float> darkness(10.0F);
-    for (Rgb& pixel : ArrayView<Rgb>(image.data(), image.size())) {
-        const float value = darkness(random);
-        pixel.red = value > 0.1F && value < 0.2F ? value + 0.5F : value;
-    }
-    const Histogram skewed = Histogram::compute(image, RED, 0, 2, 256);
-    ASSERT_GT(skewed.getCumulativeHistogram()[25], 0.6F) << "a tenth of the range";
-    for (const int pointCount : {16, 64}) {
-        const Curve curve = skewed.computeEqualizingCurve(pointCount);
-        BitmapImpl<Rgb> mapped = image;
-        for (Rgb& pixel : ArrayView<Rgb>(mapped.data(), mapped.size())) {
-            pixel.red = curve(pixel.red);
-        }
-        const Array<float> cumulative = Histogram::compute(mapped, RED, 0, 1, 20).getCumulativeHistogram();
-        // Between two points the share is off by no more than their distance.
-        const float tolerance = 1.0F / static_cast<float>(pointCount - 1) + 0.005F;
-        for (std::size_t i = 0; i < cumulative.size(); ++i) {
-            EXPECT_NEAR(cumulative[i], static_cast<float>(i + 1) / 20.0F, tolerance)
-                << pointCount << " points, bin " << i;
-        }
-    }
-}
-
 TEST(EqualizingCurve, AscendsStrictlyFromZeroToOne) {
     const float next = std::nextafter(1000.0F, 2000.0F);
     const Histogram histograms[] = {
         Histogram({1, 1'000'000'000'000, 1}, 0, 1),
         Histogram(Counts(100, 1), 1000, next + (next - 1000) * 3), // many bins for few floats
         Histogram({0, 0, 7, 0, 0, 0, 1, 0}, -5, 5),
-        Histogram({std::numeric_limits<std::uint64_t>::max(), 1, 0}, 0, LARGEST),
+        Histogram({MOST, 1, 0}, 0, LARGEST),
     };
     for (const Histogram& histogram : histograms) {
         for (const int pointCount : {2, 3, 16, 1000}) {
             const Array<CurvePoint> points = histogram.computeEqualizingCurve(pointCount).getPoints();
             ASSERT_TRUE(points.size() >= 2 && points.size() <= static_cast<std::size_t>(pointCount));
-            EXPECT_EQ(points.front().y, 0.0F);
-            EXPECT_EQ(points.back().y, 1.0F);
+            EXPECT_TRUE(points.front().y == 0.0F && points.back().y == 1.0F);
             EXPECT_TRUE(points.front().x >= histogram.getMin() && points.back().x <= histogram.getMax());
             for (std::size_t i = 1; i < points.size(); ++i) {
-                ASSERT_LT(points[i - 1].x, points[i].x);
-                ASSERT_LT(points[i - 1].y, points[i].y);
+                ASSERT_TRUE(points[i - 1].x < points[i].x && points[i - 1].y < points[i].y) << i;
             }
         }
     }
@@ -160,7 +124,7 @@ TEST(EqualizingCurve, IsTheIdentityWhenThereIsNothingToSpread) {
                                        Histogram({1, 2}, 0, NOT_A_NUMBER), Histogram({1, 0, 0, 0, 0}, 1, next)}) {
         EXPECT_EQ(histogram.computeEqualizingCurve(16), Curve());
     }
-    for (const int pointCount : {1, 0, -1, std::numeric_limits<int>::min()}) {
+    for (const int pointCount : {1, 0, std::numeric_limits<int>::min()}) {
         EXPECT_EQ(some.computeEqualizingCurve(pointCount), Curve());
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OstrelLib/Color.h>
 #include <OstrelLib/Geometry.h>
 #include <OstrelLib/Path.h>
 #include <OstrelLib/String.h>
@@ -17,14 +18,12 @@ inline void PrintTo(const Path& path, std::ostream* out) {
     PrintTo(path.nativeStr(), out);
 }
 
-inline void PrintTo(const Pixel& p, std::ostream* out) {
-    *out << '(' << p.x << ", " << p.y << ')';
+inline void PrintTo(const Bucket& b, std::ostream* out) {
+    *out << '(' << b.min.x << ", " << b.min.y << ") to (" << b.max.x << ", " << b.max.y << ')';
 }
 
-inline void PrintTo(const Bucket& b, std::ostream* out) {
-    PrintTo(b.min, out);
-    *out << " to ";
-    PrintTo(b.max, out);
+inline void PrintTo(const Hsv& c, std::ostream* out) {
+    *out << "hsv(" << c.hue << ", " << c.saturation << ", " << c.value << ')';
 }
 
 } // namespace Ostrel

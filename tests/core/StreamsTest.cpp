@@ -43,14 +43,10 @@ protected:
         FileOutputStream stream(path);
         stream.write(bytes.data(), bytes.size());
         stream.close();
+        stream.close(); // does nothing more
+        EXPECT_EQ(failureOf([&] { stream.write("c", 1); }),
+                  ("Cannot write to the file \"" + path.nativeStr() + "\".").toUtf8());
         return path;
-    }
-
-    static std::string load(const Path& path) {
-        FileInputStream stream(path);
-        std::string bytes(std::size_t{4} << 20, '?');
-        bytes.resize(stream.read(bytes.data(), ALL));
-        return bytes;
     }
 
     const Path folder = Path(std::filesystem::temp_directory_path()) /
@@ -62,11 +58,12 @@ TEST_F(FileStreams, ReadBackWhatWasWritten) {
     for (std::size_t i = 0; i < large.size(); ++i) {
         large[i] = static_cast<char>(i * 31 >> 3);
     }
-    // In this order: every file replaces a longer or shorter one.
+    // In this order: every file replaces a longer one.
     for (const std::string& bytes : {large, std::string("\r\n\0\x1A\n", 5), std::string()}) {
-        const Path path = save(L"\x540D\U0001F600.acv", bytes);
-        EXPECT_TRUE(path.exists());
-        EXPECT_TRUE(load(path) == bytes) << bytes.size() << " bytes";
+        FileInputStream stream(save(L"\x540D\U0001F600.acv", bytes));
+        std::string found(std::size_t{4} << 20, '?');
+        found.resize(stream.read(found.data(), ALL));
+        EXPECT_TRUE(found == bytes) << bytes.size() << " bytes";
     }
 }
 
@@ -79,7 +76,6 @@ TEST_F(FileStreams, ReadFewerBytesOnlyAtTheEnd) {
     EXPECT_STREQ(buffer, "abc----");
     EXPECT_EQ(stream.read(buffer, 1), 0u);
     EXPECT_EQ(failureOf([&] { stream.readExactly(buffer, 1); }), LOAD_FAILURE);
-    stream.readExactly(buffer, 0);
     stream.close();
     stream.close();
     EXPECT_EQ(failureOf([&] { (void)stream.read(buffer, 1); }), LOAD_FAILURE);
@@ -88,25 +84,11 @@ TEST_F(FileStreams, ReadFewerBytesOnlyAtTheEnd) {
 
 TEST_F(FileStreams, SayWhatCannotBeOpened) {
     for (const Path& path : {folder, folder / "missing" / "file", Path()}) {
-        const String quoted = "\"" + path.nativeStr() + "\"";
-        EXPECT_EQ(failureOf([&] { FileInputStream{path}; }),
-                  ("Cannot open the file " + quoted + " for reading.").toUtf8());
-        EXPECT_EQ(failureOf([&] { FileOutputStream{path}; }),
-                  ("Cannot open the file " + quoted + " for writing.").toUtf8());
+        const String message = "Cannot open the file \"" + path.nativeStr() + "\" for ";
+        EXPECT_EQ(failureOf([&] { FileInputStream{path}; }), (message + "reading.").toUtf8());
+        EXPECT_EQ(failureOf([&] { FileOutputStream{path}; }), (message + "writing.").toUtf8());
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.native()));
-}
-
-TEST_F(FileStreams, RefuseToWriteOnceClosed) {
-    const Path path = folder / "out";
-    FileOutputStream stream(path);
-    stream.write(nullptr, 0);
-    stream.write("ab", 2);
-    stream.close();
-    stream.close();
-    EXPECT_EQ(failureOf([&] { stream.write("c", 1); }),
-              ("Cannot write to the file \"" + path.nativeStr() + "\".").toUtf8());
-    EXPECT_EQ(load(path), "ab");
 }
 
 TEST(MemoryStream, EndsWithItsBytes) {
@@ -116,7 +98,6 @@ TEST(MemoryStream, EndsWithItsBytes) {
     EXPECT_EQ(stream.read(buffer, 1), 1u);
     EXPECT_EQ(stream.read(buffer + 1, ALL), 2u);
     EXPECT_EQ(std::string(buffer, 3), bytes);
-    EXPECT_EQ(stream.read(buffer, ALL), 0u);
     EXPECT_EQ(failureOf([&] { stream.readExactly(buffer, 1); }), LOAD_FAILURE);
     EXPECT_EQ(MemoryInputStream({}).read(nullptr, ALL), 0u);
 }

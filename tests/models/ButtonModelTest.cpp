@@ -6,13 +6,10 @@ namespace Ostrel::Wx {
 namespace {
 
 TEST(ButtonPress, AClickIsAPressThatEndsInside) {
-    struct Case {
-        Pixel at;
-        bool clicked;
-    };
     // The control is 30 × 20: its last pixel is (29, 19).
-    for (const auto& [at, clicked] : {Case{{0, 0}, true}, Case{{29, 19}, true}, Case{{30, 19}, false},
-                                      Case{{29, 20}, false}, Case{{-1, 0}, false}, Case{{0, -1}, false}}) {
+    const std::pair<Pixel, bool> cases[] = {{{0, 0}, true},    {{29, 19}, true}, {{30, 19}, false},
+                                            {{29, 20}, false}, {{-1, 0}, false}, {{0, -1}, false}};
+    for (const auto& [at, clicked] : cases) {
         ButtonModel model(false);
         EXPECT_FALSE(model.release(at, 30, 20).clicked) << "without a press";
         model.press(true);
@@ -32,23 +29,10 @@ TEST(ButtonToggle, OnlyAToggleButtonChangesWithAClickAndPressedGoesFirst) {
 }
 
 TEST(ButtonLabel, IsCentredBesideTheBitmapAndLiftedAtTwiceTheResolution) {
-    struct Case {
-        const char* name;
-        Pixel button;
-        int bitmapWidth;
-        Pixel label;
-        int designPixel;
-        Pixel expected;
-    };
-    const Case cases[] = {
-        {"odd halves are truncated", {101, 25}, 0, {40, 14}, 1, {30, 5}},
-        {"beside a bitmap", {100, 24}, 20, {40, 14}, 1, {40, 5}},
-        {"too large: truncated towards zero", {10, 10}, 0, {15, 13}, 1, {-2, -1}},
-        {"twice the resolution", {200, 48}, 0, {80, 28}, 2, {60, 8}},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(computeLabelPosition(c.button, c.bitmapWidth, c.label, c.designPixel), c.expected) << c.name;
-    }
+    EXPECT_EQ(computeLabelPosition({101, 25}, 0, {40, 14}, 1), (Pixel{30, 5})) << "odd halves are truncated";
+    EXPECT_EQ(computeLabelPosition({100, 24}, 20, {40, 14}, 1), (Pixel{40, 5})) << "beside a bitmap";
+    EXPECT_EQ(computeLabelPosition({10, 10}, 0, {15, 13}, 1), (Pixel{-2, -1})) << "truncated towards zero";
+    EXPECT_EQ(computeLabelPosition({200, 48}, 0, {80, 28}, 2), (Pixel{60, 8})) << "twice the resolution";
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "system/Process.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -11,6 +10,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/imagbmp.h>
 #include <wx/image.h>
 #include <wx/imagpng.h>
 #include <wx/log.h>
@@ -21,62 +21,43 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-constexpr std::chrono::seconds DEADLINE{120};
 /// On no page but in the test's picture.
-constexpr std::array<unsigned char, 3> STRANGE_GREEN{13, 201, 57};
+const std::string STRANGE_GREEN = "\x0D\xC9\x39";
 
 class GalleryTest : public testing::Test {
 protected:
-    void SetUp() override {
-        const testing::TestInfo* const info = testing::UnitTest::GetInstance()->current_test_info();
-        _folder = fs::temp_directory_path() / (std::string("ostrel-gallery-") + info->name());
-        fs::remove_all(_folder);
-        fs::create_directories(_folder);
+    GalleryTest() {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
     }
-    void TearDown() override { fs::remove_all(_folder); }
-
-    [[nodiscard]] const fs::path& folder() const { return _folder; }
+    ~GalleryTest() override { fs::remove_all(folder); }
 
     static ProcessResult runGallery(const std::vector<std::string>& arguments) {
-        return runProcess(programBesideThisOne("gallery"), arguments, DEADLINE);
+        return runProcess(programBesideThisOne("gallery"), arguments, std::chrono::seconds(120));
     }
 
-    /// The files in a folder, sorted by name; none if it is not there.
+    /// The files in a folder, sorted by name.
     static std::vector<fs::path> list(const fs::path& folder) {
-        std::vector<fs::path> files;
-        if (fs::exists(folder)) {
-            std::copy(fs::directory_iterator(folder), fs::directory_iterator(), std::back_inserter(files));
-        }
+        std::vector<fs::path> files{fs::directory_iterator(folder), fs::directory_iterator()};
         std::sort(files.begin(), files.end());
         return files;
     }
 
-    static wxImage readPng(const fs::path& file) {
+    /// The bytes of a picture, three for each pixel, and its size.
+    static std::pair<std::string, wxSize> readPng(const fs::path& file) {
         const wxLogNull silence;
         wxImage image;
         wxFileInputStream stream(wxString(file.wstring()));
-        EXPECT_TRUE(wxPNGHandler().LoadFile(&image, stream, false)) << file << " is no PNG";
-        return image;
-    }
-
-    static bool isUniform(const wxImage& image) {
-        const unsigned char* const data = image.GetData();
-        const int size = image.GetWidth() * image.GetHeight() * 3;
-        return std::equal(data + 3, data + size, data);
-    }
-
-    static bool showsStrangeGreen(const wxImage& image) {
-        const unsigned char* const data = image.GetData();
-        for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i) {
-            if (std::equal(STRANGE_GREEN.begin(), STRANGE_GREEN.end(), data + 3 * i)) {
-                return true;
-            }
+        if (!wxPNGHandler().LoadFile(&image, stream, false)) {
+            ADD_FAILURE() << file << " is no PNG";
+            return {};
         }
-        return false;
+        const std::size_t size =
+            static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
+        return {std::string(reinterpret_cast<const char*>(image.GetData()), size * 3), image.GetSize()};
     }
 
-private:
-    fs::path _folder;
+    const fs::path folder = fs::temp_directory_path() / testing::UnitTest::GetInstance()->current_test_info()->name();
 };
 
 /// The pages that `--help` names.
@@ -94,98 +75,88 @@ std::vector<std::string> getPages(const std::string& help) {
 } // namespace
 
 TEST_F(GalleryTest, SavesEveryPageAsThePictureOfAWindow) {
-    const ProcessResult help = runGallery({"--help"});
-    ASSERT_EQ(help.exitCode, 0);
-    const std::vector<std::string> pages = getPages(help.output);
+    const std::vector<std::string> pages = getPages(runGallery({"--help"}).output);
     ASSERT_THAT(pages, testing::IsSupersetOf({"Welcome", "Skin", "Border", "Button", "Tooltip", "Picture"}));
-
-    const ProcessResult run = runGallery({"--screenshots", (folder() / "made" / "new").string()});
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    const std::vector<fs::path> files = list(folder() / "made" / "new");
+    const ProcessResult run = runGallery({"--screenshots", (folder / "made" / "new").string()});
+    ASSERT_EQ(run.exitCode, 0) << run.output;
+    const std::vector<fs::path> files = list(folder / "made" / "new");
     ASSERT_EQ(files.size(), pages.size());
+    const wxSize size = readPng(files[0]).second;
     std::set<std::string> contents;
-    wxSize size;
     for (std::size_t i = 0; i < files.size(); ++i) {
-        SCOPED_TRACE(files[i].string());
+        const auto& [bytes, pageSize] = readPng(files[i]);
         EXPECT_EQ(std::stoul(files[i].filename().string()), i + 1);
-        const wxImage image = readPng(files[i]);
-        ASSERT_TRUE(image.IsOk());
-        EXPECT_FALSE(isUniform(image));
-        size = i == 0 ? image.GetSize() : size;
-        EXPECT_EQ(image.GetSize(), size);
-        const char* const data = reinterpret_cast<const char*>(image.GetData());
-        contents.emplace(data, data + image.GetWidth() * image.GetHeight() * 3);
+        EXPECT_EQ(pageSize, size) << files[i];
+        EXPECT_FALSE(bytes.substr(3) == bytes.substr(0, bytes.size() - 3)) << files[i] << " shows one colour";
+        EXPECT_TRUE(contents.insert(bytes).second) << files[i] << " shows what another page shows";
     }
-    EXPECT_EQ(contents.size(), files.size()) << "two pages look the same";
 }
 
 TEST_F(GalleryTest, SavesOnePageAloneWhicheverTheCaseOfItsName) {
-    const ProcessResult run = runGallery({"--only", "windows AND screens", "--screenshots", folder().string()});
+    const ProcessResult run = runGallery({"--only", "windows AND screens", "--screenshots", folder.string()});
     EXPECT_EQ(run.exitCode, 0) << run.output;
-    const std::vector<fs::path> files = list(folder());
+    const std::vector<fs::path> files = list(folder);
     ASSERT_EQ(files.size(), 1U);
     EXPECT_THAT(files[0].filename().string(), testing::EndsWith("-windows-and-screens.png"));
 }
 
 TEST_F(GalleryTest, OpensAPictureAndSaysWhenItCannot) {
-    const fs::path good = folder() / "good.png";
+    const fs::path good = folder / "good.png";
     wxImage picture(37, 21);
-    picture.SetRGB(wxRect(0, 0, 37, 21), STRANGE_GREEN[0], STRANGE_GREEN[1], STRANGE_GREEN[2]);
+    for (std::size_t i = 0; i < 37 * 21; ++i) {
+        std::copy(STRANGE_GREEN.begin(), STRANGE_GREEN.end(), picture.GetData() + 3 * i);
+    }
     {
         wxFileOutputStream stream(wxString(good.wstring()));
         ASSERT_TRUE(wxPNGHandler().SaveFile(&picture, stream, false));
     }
-    const fs::path truncated = folder() / "truncated.png";
+    const fs::path truncated = folder / "truncated.png";
     fs::copy_file(good, truncated);
     fs::resize_file(truncated, fs::file_size(good) / 2);
-    const fs::path empty = folder() / "empty.png";
+    const fs::path empty = folder / "empty.png";
     std::ofstream(empty).close();
 
-    struct Case {
-        fs::path picture;
-        int exitCode;
-        std::string message;
-    };
-    for (const Case& expected : {Case{good, 0, ""},
-                                 {truncated, 1, "damaged"},
-                                 {empty, 1, "damaged"},
-                                 {folder() / "missing.png", 1, "no such file"},
-                                 {folder(), 1, "no such file"}}) {
-        SCOPED_TRACE(expected.picture.string());
-        const fs::path shots = folder() / "shots";
-        fs::remove_all(shots);
+    // An icon has both a mask and an alpha channel.
+    const fs::path icon = folder / "icon.ico";
+    {
+        wxImage image = picture.Scale(32, 32);
+        image.SetAlpha();
+        std::fill_n(image.GetAlpha(), 32 * 32, static_cast<unsigned char>(255));
+        wxFileOutputStream stream(wxString(icon.wstring()));
+        ASSERT_TRUE(wxICOHandler().SaveFile(&image, stream, false));
+    }
+
+    const std::pair<fs::path, std::string> cases[] = {{good, ""},
+                                                      {icon, ""},
+                                                      {truncated, "damaged"},
+                                                      {empty, "damaged"},
+                                                      {folder / "missing.png", "no such file"},
+                                                      {folder, "no such file"}};
+    for (const auto& [path, message] : cases) {
+        SCOPED_TRACE(path.string());
+        const fs::path shots = folder / "shots";
         const ProcessResult run =
-            runGallery({"--picture", expected.picture.string(), "--only", "picture", "--screenshots", shots.string()});
-        EXPECT_EQ(run.exitCode, expected.exitCode);
-        EXPECT_THAT(run.output, HasSubstr(expected.message));
-        EXPECT_EQ(run.output.empty(), expected.exitCode == 0) << run.output;
+            runGallery({"--picture", path.string(), "--only", "picture", "--screenshots", shots.string()});
+        EXPECT_EQ(run.exitCode, message.empty() ? 0 : 1);
+        EXPECT_THAT(run.output, HasSubstr(message));
+        EXPECT_EQ(run.output.empty(), message.empty()) << run.output;
         // The page is saved in either case, and tells of it.
         const std::vector<fs::path> files = list(shots);
         ASSERT_EQ(files.size(), 1U);
-        EXPECT_EQ(showsStrangeGreen(readPng(files[0])), expected.exitCode == 0);
+        EXPECT_EQ(readPng(files[0]).first.find(STRANGE_GREEN) != std::string::npos, message.empty());
+        fs::remove_all(shots);
     }
-}
-
-TEST_F(GalleryTest, SaysWhenPicturesCannotBeSaved) {
-    const fs::path file = folder() / "file";
-    std::ofstream(file).close();
-    const ProcessResult run = runGallery({"--only", "welcome", "--screenshots", (file / "inside").string()});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_THAT(run.output, HasSubstr("could not be made"));
+    const ProcessResult unsaved = runGallery({"--only", "welcome", "--screenshots", (empty / "inside").string()});
+    EXPECT_EQ(unsaved.exitCode, 1);
+    EXPECT_THAT(unsaved.output, HasSubstr("could not be made"));
 }
 
 TEST_F(GalleryTest, RefusesACommandLineThatItDoesNotUnderstand) {
-    const std::vector<std::vector<std::string>> refused{{"--only", "Nowhere"},
-                                                        {"--only", ""},
-                                                        {"--only"},
-                                                        {"--picture"},
-                                                        {"--frobnicate"},
-                                                        {"stray"},
-                                                        {"--only", "Skin", "--only", "Button"}};
+    const std::vector<std::string> refused[] = {
+        {"--only", "Nowhere"}, {"--only"}, {"--frobnicate"}, {"stray"}, {"--only", "Skin", "--only", "Button"}};
     for (const std::vector<std::string>& arguments : refused) {
         const ProcessResult run = runGallery(arguments);
-        SCOPED_TRACE(testing::PrintToString(arguments));
-        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_EQ(run.exitCode, 2) << testing::PrintToString(arguments);
         EXPECT_THAT(run.output, HasSubstr("Usage: gallery"));
     }
 }

@@ -14,11 +14,10 @@ constexpr PixelColour DARK{37, 37, 37};
 constexpr PixelColour BLUE{0, 114, 188};
 constexpr PixelColour WHITE{255, 255, 255};
 
-wxImage pictureOf(Bucket rectangle, Flags<RawaBorderState> state) {
-    return paintOffScreen(wxSize(20, 12), [&](wxDC& dc) { paintBorder(dc, rectangle, state); });
-}
-
 TEST(BorderPicture, InnerFrameIsBlueOnlyUnderTheMouseOfAnEnabledControl) {
+    const auto pictureOf = [](Bucket rectangle, Flags<RawaBorderState> state) {
+        return paintOffScreen(wxSize(20, 12), [&](wxDC& dc) { paintBorder(dc, rectangle, state); });
+    };
     for (const auto& [state, inner] :
          {std::pair<Flags<RawaBorderState>, PixelColour>{OVER, DARK}, {ENABLED, DARK}, {OVER | ENABLED, BLUE}}) {
         SCOPED_TRACE(state.value());
@@ -36,8 +35,9 @@ TEST(BorderPicture, InnerFrameIsBlueOnlyUnderTheMouseOfAnEnabledControl) {
         EXPECT_EQ(pixelAt(flat, 1, 1), WHITE) << "one rectangle only";
     }
     // Away from the origin the shade goes from (4, 9) to (8, 5), not along the bottom row.
-    EXPECT_EQ(pixelAt(pictureOf({{4, 4}, {12, 10}}, ENABLED), 11, 9), OUTER);
-    EXPECT_FALSE(pixelAt(pictureOf({{4, 4}, {12, 10}}, ENABLED), 6, 7) == WHITE);
+    const wxImage away = pictureOf({{4, 4}, {12, 10}}, ENABLED);
+    EXPECT_EQ(pixelAt(away, 11, 9), OUTER);
+    EXPECT_FALSE(pixelAt(away, 6, 7) == WHITE);
 }
 
 class Border : public WidgetTest {};
@@ -56,7 +56,6 @@ TEST_F(Border, FollowsThePointerOnTheScreen) {
     EXPECT_TRUE(shows(1, 1, BLUE));
     EXPECT_TRUE(border->Enable(false));
     EXPECT_TRUE(shows(1, 1, DARK)) << "disabled under the mouse";
-
     movePointer(panel(), wxPoint(300, 300));
     settle();
     EXPECT_TRUE(border->Enable(true));

@@ -18,16 +18,14 @@ TEST(StaticLinePicture, IsBrightenedAndCutWhenItIsNotFull) {
         int length; ///< of 201 pixels
         PixelColour first, second;
     };
-    const Case cases[] = {{1.0f, 201, {100, 200, 40}, {37, 37, 37}},
-                          {0.5f, 100, {200, 255, 80}, {74, 74, 74}},
-                          {0.004f, 0, WHITE, WHITE}};
     const std::array<wxColour, 2> colours{wxColour(100, 200, 40), wxColour(37, 37, 37)};
-    for (const bool horizontal : {true, false}) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(testing::Message() << "scale " << c.lengthScale << ", horizontal " << horizontal);
-            const wxSize size = horizontal ? wxSize(201, 4) : wxSize(4, 201);
+    for (const Case& c : {Case{1.0f, 201, {100, 200, 40}, {37, 37, 37}}, Case{0.5f, 100, {200, 255, 80}, {74, 74, 74}},
+                          Case{0.004f, 0, WHITE, WHITE}}) {
+        for (const wxOrientation orientation : {wxHORIZONTAL, wxVERTICAL}) {
+            SCOPED_TRACE(testing::Message() << "scale " << c.lengthScale << ", orientation " << orientation);
+            const bool horizontal = orientation == wxHORIZONTAL;
             const wxImage picture = paintOffScreen(wxSize(210, 210), [&](wxDC& dc) {
-                paintStaticLine(dc, size, horizontal ? wxHORIZONTAL : wxVERTICAL, colours, c.lengthScale);
+                paintStaticLine(dc, horizontal ? wxSize(201, 4) : wxSize(4, 201), orientation, colours, c.lengthScale);
             });
             const auto at = [&](int along, int across) {
                 return horizontal ? pixelAt(picture, along, across) : pixelAt(picture, across, along);
@@ -55,7 +53,6 @@ TEST_F(StaticLineWindow, IsAsThickAsItHasColoursAndShowsItsLengthAtOnce) {
     EXPECT_TRUE(pumpUntil([&] { return pixelAt(capture(*line), 199, 0) == PixelColour{37, 37, 37}; }));
     line->setLengthScale(0.5f);
     EXPECT_TRUE(pumpUntil([&] { return pixelAt(capture(*line), 99, 1) == PixelColour{200, 200, 200}; }));
-
     for (const auto& [given, kept] : {std::pair{1.5f, 1.0f}, {-1.0f, 0.0f}, {NAN, 0.0f}, {0.25f, 0.25f}}) {
         line->setLengthScale(given);
         EXPECT_EQ(line->getLengthScale(), kept) << given;

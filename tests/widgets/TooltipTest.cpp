@@ -24,10 +24,13 @@ protected:
     void SetUp() override {
         WidgetTest::SetUp();
         owner = new Owner(&panel());
-        owner->setTooltip("Two\nlines of text");
+        giveText("Two\nlines of text");
+        showAll();
+    }
+    void giveText(const String& text) {
+        owner->setTooltip(text);
         tooltip = owner->getTooltip();
         tooltip->setDelay(SHORT_MS);
-        showAll();
     }
 
     /// Moves the pointer over the owner until the owner's own handler has been told as well.
@@ -52,8 +55,8 @@ protected:
 TEST_F(TooltipTest, AppearsAtTheMouseInItsExactSizeAndTakesNoFocus) {
     const wxWindow* const focus = wxWindow::FindFocus();
     rest();
-    ASSERT_TRUE(becomes(true));
-    EXPECT_EQ(tooltip->GetScreenPosition(), wxGetMousePosition() + wxPoint(10, 5));
+    const wxPoint place = wxGetMousePosition() + wxPoint(10, 5);
+    ASSERT_TRUE(pumpUntil([&] { return tooltip->IsShown() && tooltip->GetScreenPosition() == place; }));
     const wxSize first = tooltip->GetTextExtent("Two");
     const wxSize second = tooltip->GetTextExtent("lines of text");
     EXPECT_EQ(tooltip->GetSize(), wxSize(second.x + 6, first.y + second.y + 6));
@@ -68,10 +71,9 @@ TEST_F(TooltipTest, AppearsAtTheMouseInItsExactSizeAndTakesNoFocus) {
     EXPECT_TRUE(shows(wxPoint(second.x + 5, first.y + second.y + 5), wxSYS_COLOUR_INFOTEXT));
     EXPECT_TRUE(shows(wxPoint(1, 1), wxSYS_COLOUR_INFOBK));
 
-    const wxString longer = "Another text, while the first is shown";
-    owner->setTooltip(longer.ToStdWstring());
-    EXPECT_EQ(tooltip->GetSize().x, tooltip->GetTextExtent(longer).x + 6);
-    owner->setTooltip("");
+    giveText("Another text, while the first is shown");
+    EXPECT_EQ(tooltip->GetSize().x, tooltip->GetTextExtent("Another text, while the first is shown").x + 6);
+    giveText("");
     EXPECT_FALSE(tooltip->IsShown());
 }
 
@@ -109,9 +111,7 @@ TEST_F(TooltipTest, GoesWithItsOwnerOrBeforeIt) {
     tooltip->Destroy();
     EXPECT_TRUE(pumpUntil([this] { return owner->getTooltip() == nullptr; }));
     sendMotion();
-    owner->setTooltip("again");
-    tooltip = owner->getTooltip();
-    tooltip->setDelay(SHORT_MS);
+    giveText("again");
     sendMotion();
     ASSERT_TRUE(becomes(true));
     owner->Destroy();

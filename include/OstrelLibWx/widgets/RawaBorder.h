@@ -41,6 +41,7 @@ protected:
     wxWindow* _secondChild = nullptr;
 
 private:
+    void onActivate(wxActivateEvent& event);
     void setMouseOver(bool over);
 
     Flags<RawaBorderState> _borderState;

@@ -31,7 +31,7 @@ private:
 
     wxOrientation _orientation;
     Array<wxColour> _colours;
-    float _lengthScale;
+    float _lengthScale = 1.0f;
 };
 
 } // namespace Ostrel::Wx

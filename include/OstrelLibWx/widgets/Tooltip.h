@@ -11,6 +11,9 @@
 
 namespace Ostrel::Wx {
 
+/// Milliseconds for which the mouse rests over the owner before a new tooltip appears.
+constexpr long long TOOLTIP_DELAY_MS = 600;
+
 /// The library's tooltip: a popup that shows a text near the mouse once the mouse has rested over its owner. It never
 /// takes the focus. It is a child window of its owner and is destroyed with it; it may also be destroyed before.
 ///
@@ -20,9 +23,6 @@ namespace Ostrel::Wx {
 /// it paints, and its outline is its own.
 class OSTREL_WX_API Tooltip : public wxPopupWindow {
 public:
-    /// Milliseconds for which the mouse rests over the owner before a new tooltip appears.
-    static constexpr long long DEFAULT_DELAY_MS = 600;
-
     /// Hidden at first. The mouse's entering and moving over `owner` arm it (each motion anew, so that it appears only
     /// after a rest); the mouse's leaving and the left button's coming up hide it. All four events go on to the owner's
     /// other handlers.
@@ -52,7 +52,7 @@ private:
     wxWindow* _owner;
     Array<String> _lines;
     wxTimer _timer;
-    long long _delay = DEFAULT_DELAY_MS;
+    long long _delay = TOOLTIP_DELAY_MS;
     Array<Pixel> _lineExtents; ///< one for each line
 };
 

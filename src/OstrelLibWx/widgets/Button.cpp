@@ -57,7 +57,7 @@ Button::~Button() {
 
 bool Button::Enable(bool enable) {
     if (!enable && _impl->model.isPressed()) {
-        cancelPress();
+        cancelPress(); // a disabled window hears of no release, and would keep the mouse
     }
     return RawaBorder::Enable(enable);
 }

@@ -23,6 +23,9 @@ RawaBorder::RawaBorder(Flags<RawaBorderState> initialState, wxWindow* parent, in
         setMouseOver(true);
         event.Skip();
     });
+    // GTK does not tell a window that the mouse left it while another one had taken all input, as a dialog does. The
+    // toolkit takes this away again when either of the two windows is destroyed.
+    wxGetTopLevelParent(this)->Bind(wxEVT_ACTIVATE, &RawaBorder::onActivate, this);
 }
 
 bool RawaBorder::Enable(bool enable) {
@@ -41,6 +44,13 @@ void RawaBorder::paint(wxDC& dc) const {
     const Bucket area{{0, 0}, {size.x, size.y}};
     fillPixels(dc, area, GetBackgroundColour());
     paintBorder(dc, area, _borderState);
+}
+
+void RawaBorder::onActivate(wxActivateEvent& event) {
+    if (_borderState.has(RawaBorderState::MOUSE_OVER) && !GetScreenRect().Contains(wxGetMousePosition())) {
+        setMouseOver(false);
+    }
+    event.Skip();
 }
 
 void RawaBorder::setMouseOver(bool over) {

@@ -46,9 +46,14 @@ public:
     explicit DisabledWidget(WindowHandle window) {
         GtkWidget* widget = findTopLevelWidget(window);
         if (widget != nullptr && gtk_widget_get_sensitive(widget)) {
-            gtk_widget_set_sensitive(widget, FALSE);
             _widget = widget;
             g_object_add_weak_pointer(G_OBJECT(widget), &_widget);
+            // An insensitive widget loses the focus, and GTK does not give it back.
+            _focus = GTK_IS_WINDOW(widget) ? gtk_window_get_focus(GTK_WINDOW(widget)) : nullptr;
+            if (_focus != nullptr) {
+                g_object_add_weak_pointer(G_OBJECT(_focus), &_focus);
+            }
+            gtk_widget_set_sensitive(widget, FALSE);
         }
     }
     DisabledWidget(const DisabledWidget&) = delete;
@@ -58,10 +63,26 @@ public:
             g_object_remove_weak_pointer(G_OBJECT(_widget), &_widget);
             gtk_widget_set_sensitive(GTK_WIDGET(_widget), TRUE);
         }
+        if (_focus != nullptr) {
+            g_object_remove_weak_pointer(G_OBJECT(_focus), &_focus);
+            if (_widget != nullptr && gtk_window_get_focus(GTK_WINDOW(_widget)) == nullptr &&
+                gtk_widget_get_toplevel(GTK_WIDGET(_focus)) == _widget) {
+                giveFocus(GTK_WIDGET(_focus));
+            }
+        }
     }
 
 private:
+    static void giveFocus(GtkWidget* widget) {
+        if (GTK_IS_ENTRY(widget)) {
+            gtk_entry_grab_focus_without_selecting(GTK_ENTRY(widget)); // the next key must not replace its text
+        } else {
+            gtk_widget_grab_focus(widget);
+        }
+    }
+
     gpointer _widget = nullptr; ///< null once the widget is destroyed
+    gpointer _focus = nullptr;  ///< the widget in it that had the focus; null as well once it is destroyed
 };
 
 gboolean callAndRemove(gpointer function) {

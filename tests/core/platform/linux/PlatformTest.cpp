@@ -39,61 +39,54 @@ TEST(EventLoopIteration, DispatchesAWaitingSourceOnce) {
     EXPECT_TRUE(Lib::runSingleEventLoopIteration(true));
     EXPECT_EQ(count, 1);
     EXPECT_FALSE(Lib::runSingleEventLoopIteration(true));
-    EXPECT_EQ(count, 1);
     g_timeout_add(1, countAndRemove, &count);
     while (count == 1) {
         EXPECT_TRUE(Lib::runSingleEventLoopIteration(false)) << "waits for the timer";
     }
 }
 
-/// GTK windows; their tests need an X11 display.
+/// A GTK window; its tests need an X11 display.
 class GtkWindows : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(gtk_init_check(nullptr, nullptr)) << "no display"; }
-
-    GtkWidget* makeWindow() {
-        GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    void SetUp() override {
+        ASSERT_TRUE(gtk_init_check(nullptr, nullptr)) << "no display";
+        window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+        g_object_add_weak_pointer(G_OBJECT(window), reinterpret_cast<gpointer*>(&window));
         gtk_widget_show(window);
-        return window;
+        handle = WindowHandle(gdk_x11_window_get_xid(gtk_widget_get_window(window)));
+    }
+    void TearDown() override {
+        if (window != nullptr) {
+            gtk_widget_destroy(window);
+        }
     }
 
-    static WindowHandle handleOf(GtkWidget* window) {
-        return WindowHandle(gdk_x11_window_get_xid(gtk_widget_get_window(window)));
-    }
+    GtkWidget* window = nullptr; ///< null once nothing keeps it alive
+    WindowHandle handle;
 };
 
 TEST_F(GtkWindows, AreDisabledAndRestoredAsFound) {
-    GtkWidget* window = makeWindow();
     {
-        const WindowDisabler disabler(handleOf(window));
+        const WindowDisabler disabler(handle);
         EXPECT_FALSE(gtk_widget_get_sensitive(window));
-        { const WindowDisabler nested(handleOf(window)); }
+        { const WindowDisabler nested(handle); }
         EXPECT_FALSE(gtk_widget_get_sensitive(window));
     }
     EXPECT_TRUE(gtk_widget_get_sensitive(window));
     gtk_widget_set_sensitive(window, FALSE);
-    { const WindowDisabler disabler(handleOf(window)); }
+    { const WindowDisabler disabler(handle); }
     EXPECT_FALSE(gtk_widget_get_sensitive(window)) << "the host had disabled it itself";
-    gtk_widget_destroy(window);
 }
 
 TEST_F(GtkWindows, MayVanishWhileDisabled) {
-    GtkWidget* window = makeWindow();
-    const WindowHandle root(gdk_x11_get_default_root_xwindow());
-    const WindowDisabler ofAnotherProgram(root);
-    {
-        const WindowDisabler disabler(handleOf(window));
-        gpointer alive = window;
-        g_object_add_weak_pointer(G_OBJECT(window), &alive);
-        gtk_widget_destroy(window);
-        drain();
-        EXPECT_EQ(alive, nullptr) << "the disabler keeps nothing alive";
-    }
+    const WindowDisabler ofAnotherProgram{WindowHandle(gdk_x11_get_default_root_xwindow())};
+    const WindowDisabler disabler(handle);
+    gtk_widget_destroy(window);
+    drain();
+    EXPECT_EQ(window, nullptr) << "the disabler keeps nothing alive";
 }
 
 TEST_F(GtkWindows, AreDisabledFromOtherThreadsByTheMainLoop) {
-    GtkWidget* window = makeWindow();
-    const WindowHandle handle = handleOf(window);
     AutoPtr<WindowDisabler> disabler;
     std::thread([&] { disabler = std::make_unique<WindowDisabler>(handle); }).join();
     EXPECT_TRUE(gtk_widget_get_sensitive(window)) << "only the main thread may touch it";
@@ -105,15 +98,13 @@ TEST_F(GtkWindows, AreDisabledFromOtherThreadsByTheMainLoop) {
     }).join();
     drain();
     EXPECT_TRUE(gtk_widget_get_sensitive(window));
-    gtk_widget_destroy(window);
 }
 
 TEST_F(GtkWindows, TellTheFontScale) {
     GtkSettings* settings = gtk_settings_get_default();
     gint found = 0;
     g_object_get(settings, "gtk-xft-dpi", &found, nullptr);
-    const std::pair<int, float> cases[] = {{96 * 1024, 1.0f}, {144 * 1024, 1.5f}, {-1, 1.0f}};
-    for (const auto& [dpi, scale] : cases) {
+    for (const auto& [dpi, scale] : {std::pair{96 * 1024, 1.0f}, {144 * 1024, 1.5f}, {-1, 1.0f}}) {
         g_object_set(settings, "gtk-xft-dpi", dpi, nullptr);
         EXPECT_EQ(getFontScale(), scale) << dpi;
     }
@@ -125,29 +116,19 @@ TEST(DecimalPoint, FollowsTheHostsLocale) {
     namespace fs = std::filesystem;
     const fs::path folder = fs::temp_directory_path() / ("ostrel-locales-" + std::to_string(g_random_int()));
     fs::create_directories(folder);
-    const auto compile = [&folder](const std::string& name) {
-        const std::string target = (folder / (name + ".UTF-8")).string();
-        return std::system(("localedef -c -i " + name + " -f UTF-8 '" + target + "' 2>/dev/null").c_str());
-    };
-    ASSERT_EQ(compile("de_DE") | compile("ps_AF"), 0) << "needs the C library's locale definitions";
     setenv("LOCPATH", folder.c_str(), 1);
-    struct Case {
-        int category;
-        const char* locale;
-        wchar_t expected;
-    };
     // The Arabic separator has two bytes, which the C locale's own conversion does not know.
-    const Case cases[] = {{LC_ALL, "de_DE.UTF-8", L','},
-                          {LC_ALL, "ps_AF.UTF-8", L'\x66B'},
-                          {LC_ALL, "C", L'.'},
-                          {LC_NUMERIC, "ps_AF.UTF-8", L'\x66B'},
-                          {LC_NUMERIC, "de_DE.UTF-8", L','}};
-    for (const Case& c : cases) {
-        EXPECT_NE(std::setlocale(c.category, c.locale), nullptr) << c.locale;
-        EXPECT_EQ(decimalPointCharacter(), c.expected) << c.locale;
-        EXPECT_EQ(SimpleTextSerializer().write(0.5).writeFixed(1.5, 1).getText().toUtf8(), "0.51.5");
+    for (const auto& [name, expected] : {std::pair<std::string, wchar_t>{"de_DE", L','}, {"ps_AF", L'\x66B'}}) {
+        const std::string locale = name + ".UTF-8";
+        const std::string compile = "localedef -c -i " + name + " -f UTF-8 '" + (folder / locale).string() + "'";
+        ASSERT_EQ(std::system(compile.c_str()), 0) << "needs the C library's locale definitions";
+        for (const int category : {LC_ALL, LC_NUMERIC}) {
+            EXPECT_NE(std::setlocale(category, locale.c_str()), nullptr) << locale;
+            EXPECT_EQ(decimalPointCharacter(), expected) << locale;
+            EXPECT_EQ(SimpleTextSerializer().write(0.5).writeFixed(1.5, 1).getText().toUtf8(), "0.51.5");
+            std::setlocale(LC_ALL, "C");
+        }
     }
-    std::setlocale(LC_ALL, "C");
     unsetenv("LOCPATH");
     fs::remove_all(folder);
 }
