@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Ostrel;
 
 namespace {
@@ -35,11 +37,18 @@ TEST(PictureCheck, RefusesRunLengthsInBitmapsAndIcons) {
 
 /// A TGA picture of two pixels by one, with a map of two colours if it is of a mapped type.
 Bytes tgaWith(unsigned char type, unsigned char bits, const Bytes& pixels) {
+    constexpr std::size_t HEADER_SIZE = 18;
     const bool mapped = type == 1 || type == 9;
-    Bytes data{0, mapped, type, 0,    0, static_cast<unsigned char>(mapped ? 2 : 0), 0, 24, 0, 0, 0, 0, 2,
-               0, 1,      0,    bits, 0};
-    data.resize(data.size() + (mapped ? 6 : 0));
-    data.insert(data.end(), pixels.begin(), pixels.end());
+    const std::size_t mapSize = mapped ? 6 : 0;
+    Bytes data(HEADER_SIZE + mapSize + pixels.size(), 0);
+    data[1] = mapped ? 1 : 0;
+    data[2] = type;
+    data[5] = mapped ? 2 : 0;
+    data[7] = 24;
+    data[12] = 2;
+    data[14] = 1;
+    data[16] = bits;
+    std::copy(pixels.begin(), pixels.end(), data.begin() + static_cast<std::ptrdiff_t>(HEADER_SIZE + mapSize));
     return data;
 }
 
