@@ -209,7 +209,7 @@ private:
             return toRect(Wx::getMonitorRegionByWindow(this, Wx::MonitorRegionType::WHOLE_MONITOR));
         };
         constexpr int BEYOND = 500;
-        const auto add = [this, row](const wxString& label, Function<wxPoint()> getPoint) {
+        const auto add = [this, row](const wxString& label, const Function<wxPoint()>& getPoint) {
             addToRow(*row, makeButton(label, [this, getPoint] { place(getPoint()); }), GRID);
         };
         add("Top left", [region] { return region().GetTopLeft() - wxPoint(BEYOND, BEYOND); });

@@ -72,7 +72,7 @@ wxPoint scaleByDpi(wxPoint point) {
     return {scaleUnlessDefault(point.x), scaleUnlessDefault(point.y)};
 }
 
-wxBitmap scaleByDpi(wxBitmap bitmap) {
+wxBitmap scaleByDpi(wxBitmap bitmap) { // NOLINT(performance-unnecessary-value-param): counts references
     const int factor = bitmap.IsOk() ? scaleByDpi(1) : 1;
     if (factor <= 1) {
         return bitmap;
