@@ -1,9 +1,15 @@
 #include <OstrelLibWx/BitmapUtils.h>
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <cstdint>
+#include <utility>
 
+#include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/debug.h>
+#include <wx/display.h>
 #include <wx/imagtga.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
@@ -11,12 +17,15 @@
 
 #include "models/GifFrame.h"
 #include "models/PictureCheck.h"
+#include "models/PixelConversion.h"
+#include "platform/ClipboardNative.h"
+#include "platform/Native.h"
+#include "platform/ScreenNative.h"
 
 namespace Ostrel::Wx {
 
 namespace {
 
-constexpr float BYTE_TO_FLOAT = 0.003921569F; // 1/255
 constexpr const char* UNSUPPORTED_DEPTH = "Bitmap has unsupported bit depth.";
 constexpr int DEPTH_WITHOUT_ALPHA = 24;
 constexpr int DEPTH_WITH_ALPHA = 32;
@@ -30,43 +39,40 @@ unsigned char* getRow(PixelData& data, int y) {
 }
 
 template <class Format>
+constexpr Detail::ByteOrder getByteOrder() {
+    using Detail::ByteOrder;
+    static_assert((Format::RED == 0 && Format::BLUE == 2) || (Format::RED == 2 && Format::BLUE == 0));
+    if constexpr (Format::HasAlpha) {
+        return Format::RED == 0 ? ByteOrder::RGBA : ByteOrder::BGRA;
+    } else {
+        return Format::RED == 0 ? ByteOrder::RGB : ByteOrder::BGR;
+    }
+}
+
+template <class Format>
 Expected<BitmapImpl<Rgb>, String> readPixels(wxBitmap& bitmap) {
     wxPixelData<wxBitmap, Format> data(bitmap);
     if (!data) {
         return Unexpected<String>(UNSUPPORTED_DEPTH);
     }
-    BitmapImpl<Rgb> image(data.GetWidth(), data.GetHeight());
-    for (int y = 0; y < image.getHeight(); ++y) {
+    const int width = data.GetWidth();
+    const int height = data.GetHeight();
+    // The image's memory is written once, part by part out of the processor's cache: to fill it first would cost as
+    // much again.
+    Array<Rgb> pixels;
+    pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    std::array<Rgb, 512> part;
+    for (int y = 0; y < height; ++y) {
         const unsigned char* source = getRow(data, y);
-        for (Rgb& pixel : image.row(y)) {
-            pixel.red = static_cast<float>(source[Format::RED]) * BYTE_TO_FLOAT;
-            pixel.green = static_cast<float>(source[Format::GREEN]) * BYTE_TO_FLOAT;
-            pixel.blue = static_cast<float>(source[Format::BLUE]) * BYTE_TO_FLOAT;
-            if constexpr (Format::HasAlpha) {
-                pixel.alpha = static_cast<float>(source[Format::ALPHA]) * BYTE_TO_FLOAT;
-            } else {
-                pixel.alpha = 1.0F;
-            }
-            source += Format::SizePixel;
+        for (std::size_t left = static_cast<std::size_t>(width); left > 0;) {
+            const std::size_t count = std::min(left, part.size());
+            Detail::convertToPixels(source, getByteOrder<Format>(), ArrayView<Rgb>(part).first(count));
+            pixels.insert(pixels.end(), part.data(), part.data() + count);
+            source += count * static_cast<std::size_t>(Format::SizePixel);
+            left -= count;
         }
     }
-    return image;
-}
-
-/// [0, 1] to [0, 255], the rest clamped; NaN to 0, hence the order of the comparisons.
-float toByteRange(float value) {
-    return value > 0.0F ? (value < 1.0F ? value * 255.0F : 255.0F) : 0.0F;
-}
-
-unsigned char truncateToByte(float value) {
-    return static_cast<unsigned char>(toByteRange(value));
-}
-
-/// To the nearest byte, ties to the even one: a float of 2^23 and more has no fraction, so the sum is rounded to an
-/// integer, that way.
-unsigned char roundToByte(float value) {
-    constexpr float NO_FRACTION = 8388608.0F;
-    return static_cast<unsigned char>(toByteRange(value) + NO_FRACTION - NO_FRACTION);
+    return BitmapImpl<Rgb>::fromPixels(width, height, std::move(pixels));
 }
 
 template <class Format>
@@ -80,16 +86,7 @@ wxBitmap writePixels(const BitmapImpl<Rgb>& image, int depth) {
         return {};
     }
     for (int y = 0; y < image.getHeight(); ++y) {
-        unsigned char* target = getRow(data, y);
-        for (const Rgb& pixel : image.row(y)) {
-            target[Format::RED] = roundToByte(pixel.red);
-            target[Format::GREEN] = roundToByte(pixel.green);
-            target[Format::BLUE] = roundToByte(pixel.blue);
-            if constexpr (Format::HasAlpha) {
-                target[Format::ALPHA] = truncateToByte(pixel.alpha);
-            }
-            target += Format::SizePixel;
-        }
+        Detail::convertToBytes(image.row(y), getByteOrder<Format>(), getRow(data, y));
     }
     return bitmap;
 }
@@ -172,6 +169,38 @@ wxBitmap toWxBitmap(const BitmapImpl<Rgb>& image, bool withAlpha) {
     }
     return withAlpha ? writePixels<wxAlphaPixelFormat>(image, DEPTH_WITH_ALPHA)
                      : writePixels<wxNativePixelFormat>(image, DEPTH_WITHOUT_ALPHA);
+}
+
+BitmapImpl<Rgb> getScreenRegionColors(Bucket region) {
+    BitmapImpl<Rgb> image(region.width(), region.height(), Rgb{0.0F, 0.0F, 0.0F, 0.0F});
+    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
+        const wxRect geometry = wxDisplay(i).GetGeometry();
+        const Bucket display{{geometry.x, geometry.y}, {geometry.x + geometry.width, geometry.y + geometry.height}};
+        const Bucket part = region.intersect(display);
+        if (!part.isEmpty()) {
+            Detail::readScreen(part, image, part.min - region.min);
+        }
+    }
+    return image;
+}
+
+bool setClipboardData(const BitmapImpl<Rgb>& image, Flags<SetClipboardData> flags) {
+    if (image.isEmpty()) {
+        return false;
+    }
+    wxWindow* const top = wxTheApp == nullptr ? nullptr : wxTheApp->GetTopWindow();
+    return Detail::putOnClipboard(image, flags.has(SetClipboardData::NOT_QUITE_GREY),
+                                  top == nullptr ? WindowHandle() : Detail::findNativeHandle(*top));
+}
+
+bool setClipboardData(const String& text) {
+    const wxLogNull silence;
+    const wxClipboardLocker opened;
+    if (!opened || !wxTheClipboard->SetData(new wxTextDataObject(text.toWide()))) {
+        return false;
+    }
+    Detail::storeClipboardText();
+    return true;
 }
 
 } // namespace Ostrel::Wx

@@ -1,0 +1,11 @@
+#include <sys/platform/x86.h>
+
+#include "models/PixelKernels.h"
+
+namespace Ostrel::Detail {
+
+bool hasAvx2() {
+    return CPU_FEATURE_ACTIVE(AVX2);
+}
+
+} // namespace Ostrel::Detail

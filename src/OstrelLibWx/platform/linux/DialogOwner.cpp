@@ -1,0 +1,7 @@
+#include "platform/DialogOwner.h"
+
+namespace Ostrel::Detail {
+
+void reactivateOwner(WindowHandle) {}
+
+} // namespace Ostrel::Detail

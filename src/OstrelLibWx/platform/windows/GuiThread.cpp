@@ -1,0 +1,9 @@
+#include "platform/GuiThread.h"
+
+namespace Ostrel::Detail {
+
+int callForOtherThread(const Function<int()>& show) {
+    return show();
+}
+
+} // namespace Ostrel::Detail
