@@ -40,16 +40,4 @@ void findWindowAmongTenThousand(benchmark::State& state) {
 }
 BENCHMARK(findWindowAmongTenThousand)->Unit(benchmark::kMillisecond);
 
-void convertBitmaps(benchmark::State& state) {
-    LibWx::startup(LibWx::ApplicationType::STANDALONE);
-    const BitmapImpl<Rgb> image(1920, 1080, {0.2F, 0.4F, 0.6F, 0.8F});
-    for (auto _ : state) {
-        wxBitmap bitmap = Wx::toWxBitmap(image, true);
-        benchmark::DoNotOptimize(Wx::toRgbBitmap(bitmap));
-    }
-    state.SetItemsProcessed(state.iterations() * static_cast<long long>(image.size()));
-    LibWx::shutdown();
-}
-BENCHMARK(convertBitmaps)->Unit(benchmark::kMillisecond);
-
 } // namespace

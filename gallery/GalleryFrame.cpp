@@ -2,6 +2,7 @@
 
 #include "EventLog.h"
 
+#include <OstrelLibWx/MessageDialog.h>
 #include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/StaticBitmap.h>
 #include <OstrelLibWx/widgets/StaticLine.h>
@@ -82,6 +83,21 @@ void GalleryFrame::buildList(wxSizer& list) {
         list.AddSpacer(Wx::scaleByDpi(GRID / 2));
         _buttons.push_back(button);
     }
+    list.AddStretchSpacer();
+    auto* const about = new Wx::Button(
+        _ground, Wx::GuiSkin(), wxID_ABOUT, "About...", wxNullBitmap, wxNullBitmap, [this] { showAbout(); },
+        Wx::Button::PUSH, true, Flags<RawaBorderState>(RawaBorderState::ENABLED) | RawaBorderState::FLAT);
+    about->SetMinSize(Wx::scaleByDpi(wxSize(LIST_WIDTH, LIST_ENTRY_HEIGHT)));
+    list.Add(about, wxSizerFlags().Border(wxLEFT | wxRIGHT, Wx::scaleByDpi(2 * GRID)));
+    list.AddSpacer(Wx::scaleByDpi(2 * GRID));
+}
+
+void GalleryFrame::showAbout() {
+    Wx::showOkDialog(Wx::getWindowNativeHandle(this), "About",
+                     String("OstrelLibWx ") + OSTREL_VERSION +
+                         "\nControls and dialogs for the tools of a renderer, in one dark look.\n\n"
+                         "This gallery shows each of them; what they report stands in the strip at the bottom.",
+                     Wx::MessageDialogIcon::INFORMATION);
 }
 
 void GalleryFrame::showPage(std::size_t index) {

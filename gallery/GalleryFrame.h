@@ -20,6 +20,7 @@ public:
 
 private:
     void buildList(wxSizer& list);
+    void showAbout();
     void onKey(wxKeyEvent& event);
     void showNextPage(bool forward);
     bool scrollPage(bool down);

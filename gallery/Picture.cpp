@@ -106,6 +106,35 @@ Picture loadPicture(const Path& path) {
     return picture;
 }
 
+wxString savePicture(const Picture& picture, const Path& path) {
+    const wxString file(path.nativeStr().toWide());
+    wxImageHandler* const handler = wxImage::FindHandler(wxFileName(file).GetExt().Lower(), wxBITMAP_TYPE_ANY);
+    const bool known =
+        handler != nullptr && (handler->GetType() == wxBITMAP_TYPE_PNG || handler->GetType() == wxBITMAP_TYPE_TIFF ||
+                               handler->GetType() == wxBITMAP_TYPE_JPEG || handler->GetType() == wxBITMAP_TYPE_BMP);
+    if (!known) {
+        return wxString::Format(
+            L"The picture was not saved as \"%s\": give it a name that ends in .png, .tif, .jpg or .bmp.", file);
+    }
+    wxImage image = Wx::toWxBitmap(picture.image, false).ConvertToImage();
+    if (picture.hasAlpha) {
+        // Beside the colours: a toolkit's bitmap may hold its colours multiplied by alpha.
+        image.SetAlpha();
+        unsigned char* target = image.GetAlpha();
+        for (int y = 0; y < picture.image.getHeight(); ++y) {
+            for (const Rgb& pixel : picture.image.row(y)) {
+                *target++ = toRgbBytes({pixel.alpha, pixel.alpha, pixel.alpha}).red;
+            }
+        }
+    }
+    if (!image.SaveFile(file, handler->GetType())) {
+        return wxString::Format(L"The picture could not be written to \"%s\": choose a folder that can be written to, "
+                                L"with room for it.",
+                                file);
+    }
+    return {};
+}
+
 Picture makeColourField() {
     Picture picture;
     picture.name = "A field of colours";

@@ -21,6 +21,10 @@ struct Picture {
 /// Reads a picture of a format that the toolkit knows; the file's content decides which, not its name.
 Picture loadPicture(const Path& path);
 
+/// Writes the picture with 8 bits a channel, in the format that the name's extension says: png and tif keep alpha, jpg
+/// and bmp do not. Gives why it could not, as a sentence for the user; empty if it could.
+wxString savePicture(const Picture& picture, const Path& path);
+
 /// A field of colours: hue from left to right, paler downwards, in slanting waves of brightness.
 Picture makeColourField();
 

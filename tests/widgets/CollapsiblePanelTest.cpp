@@ -114,7 +114,7 @@ TEST_F(CollapsibleLayout, BeginsClosedAndReachesThroughNestedPanels) {
 }
 
 TEST_F(CollapsibleLayout, FitsTheRangeOfAScrolledParent) {
-    auto* const scrolled = new wxScrolledWindow(&panel(), wxID_ANY, wxPoint(0, 0), wxSize(300, 60));
+    auto* const scrolled = new wxScrolledWindow(&panel(), wxID_ANY, wxPoint(0, 0), wxSize(300, 80));
     scrolled->SetScrollRate(5, 5);
     make(*scrolled, false);
     const int closed = scrolled->GetVirtualSize().y;

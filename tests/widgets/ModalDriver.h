@@ -26,16 +26,23 @@ public:
     ModalDriver& operator=(const ModalDriver&) = delete;
     ~ModalDriver() override { EXPECT_EQ(_next, _steps.size()) << "the dialog ended before all steps were taken"; }
 
-    /// The dialog that is shown and active, waiting for input; null if there is none.
+    /// The dialog that is shown; null if there is none.
     template <class Dialog>
-    static Dialog* findActive() {
+    static Dialog* findShown() {
         for (wxWindow* const window : wxTopLevelWindows) {
             auto* const dialog = dynamic_cast<Dialog*>(window);
-            if (dialog != nullptr && dialog->IsShown() && dialog->IsActive() && !dialog->IsBeingDeleted()) {
+            if (dialog != nullptr && dialog->IsShown() && !dialog->IsBeingDeleted()) {
                 return dialog;
             }
         }
         return nullptr;
+    }
+
+    /// The same once it is active, waiting for input.
+    template <class Dialog>
+    static Dialog* findActive() {
+        auto* const dialog = findShown<Dialog>();
+        return dialog != nullptr && dialog->IsActive() ? dialog : nullptr;
     }
 
 private:

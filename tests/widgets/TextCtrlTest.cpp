@@ -1,5 +1,7 @@
 #include <OstrelLibWx/widgets/TextCtrl.h>
 
+#include <OstrelLibWx/WindowUtils.h>
+
 #include "support/WidgetTest.h"
 
 #include <wx/weakref.h>
@@ -14,7 +16,7 @@ using Range = std::pair<long, long>;
 class TextCtrlTest : public WidgetTest {
 protected:
     TextCtrl& make(const wxString& value, long style = wxTE_MULTILINE | wxTE_DONTWRAP, wxSize size = wxSize(260, 120)) {
-        text = new TextCtrl(&panel(), wxID_ANY, value, wxPoint(100, 100), size, style);
+        text = new TextCtrl(&panel(), wxID_ANY, value, wxPoint(100, 100), scaleByDpi(size), style);
         showAll();
         return *text;
     }
@@ -102,7 +104,7 @@ TEST_F(TextCtrlTest, IsNeverRich) {
     EXPECT_FALSE(text->HasFlag(wxTE_RICH) || text->HasFlag(wxTE_RICH2));
     EXPECT_TRUE(text->HasFlag(wxTE_READONLY) && text->IsMultiLine());
     EXPECT_EQ(text->GetPosition(), wxPoint(100, 100));
-    EXPECT_EQ(text->GetSize(), wxSize(260, 120)) << "as it stands, in pixels of the screen";
+    EXPECT_EQ(text->GetSize(), scaleByDpi(wxSize(260, 120))) << "as it stands, in pixels of the screen";
 }
 
 TEST_F(TextDragSelection, IsClampedAtEachEdge) {
@@ -140,7 +142,7 @@ TEST_F(TextDragSelection, WorksInASingleLine) {
     text->SetFont(text->GetFont().Scaled(3));
     showAll();
     // A field's margin is some pixels wide; a third of a letter is wider.
-    const auto x = [this](const wchar_t* before) { return text->GetTextExtent(before).x + 6; };
+    const auto x = [this](const wchar_t* before) { return text->GetTextExtent(before).x + scaleByDpi(6); };
     const int y = middle(*text).y;
     movePointer(*text, wxPoint(x(L"\u00c4\u00d6"), y));
     pressButton();
@@ -148,9 +150,9 @@ TEST_F(TextDragSelection, WorksInASingleLine) {
     EXPECT_TRUE(selects({2, 2})) << "in characters, whatever their bytes";
     movePointer(*text, wxPoint(x(L"\u00c4\u00d6\u00dc\u6708"), y));
     EXPECT_TRUE(selects({2, 4}));
-    movePointer(*text, wxPoint(400, -40));
+    movePointer(*text, wxPoint(text->GetSize().x + 40, -40));
     EXPECT_TRUE(selects({2, 6})) << "right, and far above";
-    movePointer(*text, wxPoint(-40, 90));
+    movePointer(*text, wxPoint(-40, text->GetSize().y + 30));
     EXPECT_TRUE(selects({0, 2})) << "left, and far below";
     releaseButton();
     EXPECT_TRUE(pumpUntil([this] { return !text->HasCapture(); }));

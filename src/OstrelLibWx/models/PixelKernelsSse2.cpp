@@ -52,13 +52,15 @@ __m128i closeGaps(__m128i bytes) {
     return _mm_or_si128(_mm_move_epi64(pairs), _mm_and_si128(_mm_srli_si128(pairs, 2), second));
 }
 
-/// The reverse; the last byte of each pixel is 255.
-__m128i openGaps(__m128i bytes) {
-    constexpr long long PAIR = 0xFFFFFFFFFFFF;
-    const __m128i pairs = _mm_or_si128(_mm_and_si128(bytes, _mm_set_epi64x(0, PAIR)),
-                                       _mm_and_si128(_mm_slli_si128(bytes, 2), _mm_set_epi64x(PAIR, 0)));
-    const __m128i pixels = _mm_or_si128(_mm_and_si128(pairs, _mm_set1_epi64x(0xFFFFFF)),
-                                        _mm_and_si128(_mm_slli_epi64(pairs, 8), _mm_set1_epi64x(0xFFFFFF00000000)));
+/// Four pixels of three bytes each, every one with a last byte of 255. Reads one byte more.
+__m128i loadWithGaps(const unsigned char* bytes) {
+    const auto loadPixel = [bytes](int index) {
+        int pixel = 0;
+        std::memcpy(&pixel, bytes + 3 * index, sizeof(pixel));
+        return _mm_cvtsi32_si128(pixel);
+    };
+    const __m128i pixels = _mm_unpacklo_epi64(_mm_unpacklo_epi32(loadPixel(0), loadPixel(1)),
+                                              _mm_unpacklo_epi32(loadPixel(2), loadPixel(3)));
     return _mm_or_si128(pixels, _mm_set1_epi32(static_cast<int>(0xFF000000U)));
 }
 
@@ -106,10 +108,8 @@ void storePixels(__m128i words, float* pixels) {
 /// Four pixels; reads 16 bytes.
 template <ByteOrder ORDER>
 void stepToPixels(const unsigned char* bytes, float* pixels) {
-    __m128i packed = load(bytes);
-    if constexpr (getPixelSize(ORDER) == 3) {
-        packed = openGaps(packed);
-    } else if constexpr (ORDER == ByteOrder::BGRX) {
+    __m128i packed = getPixelSize(ORDER) == 3 ? loadWithGaps(bytes) : load(bytes);
+    if constexpr (ORDER == ByteOrder::BGRX) {
         packed = _mm_or_si128(packed, _mm_set1_epi32(static_cast<int>(0xFF000000U)));
     }
     storePixels<ORDER>(_mm_unpacklo_epi8(packed, _mm_setzero_si128()), pixels);

@@ -1,4 +1,4 @@
-// Windows alone: the block on the clipboard, who holds it open, and what handles the pictures leave behind.
+// Windows alone: the block on the clipboard, and who holds it open.
 #include "support/WidgetTest.h"
 
 #include <condition_variable>
@@ -98,28 +98,6 @@ TEST_F(ClipboardBlock, StaysAsItIsWhileAnotherWindowHoldsTheClipboardOpen) {
     holder.join();
     EXPECT_EQ(takeBlock(), before);
     EXPECT_TRUE(Wx::setClipboardData(String("text")));
-}
-
-TEST_F(ClipboardBlock, NoHandleIsLostOverAThousandPictures) {
-    const auto convert = [](int count) {
-        const BitmapImpl<Rgb> image(7, 5, {0.2F, 0.4F, 0.6F, 0.8F});
-        for (int i = 0; i < count; ++i) {
-            wxBitmap bitmap = Wx::toWxBitmap(image, i % 2 == 0);
-            EXPECT_TRUE(Wx::toRgbBitmap(bitmap));
-            EXPECT_FALSE(Wx::getScreenRegionColors({{-2, -2}, {6, 6}}).isEmpty());
-            EXPECT_TRUE(Wx::setClipboardData(image));
-        }
-    };
-    convert(10); // what is made once
-    const auto count = [] {
-        DWORD handles = 0;
-        GetProcessHandleCount(GetCurrentProcess(), &handles);
-        return std::vector<DWORD>{GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
-                                  GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), handles};
-    };
-    const std::vector<DWORD> before = count();
-    convert(1000);
-    EXPECT_EQ(count(), before);
 }
 
 } // namespace
