@@ -1,11 +1,11 @@
 #include <OstrelLibWx/widgets/TextButton.h>
 
 #include "models/TextModel.h"
+#include "painting/MarkPainting.h"
 #include "platform/TextNative.h"
 
 #include <wx/cursor.h>
 #include <wx/dc.h>
-#include <wx/renderer.h>
 #include <wx/utils.h>
 
 namespace Ostrel::Wx {
@@ -74,7 +74,8 @@ void TextButton::SetFocus() {
 void TextButton::paint(wxDC& dc) const {
     StaticText::paint(dc);
     if (HasFocus()) {
-        wxRendererNative::Get().DrawFocusRect(const_cast<TextButton*>(this), dc, wxRect(GetClientSize()));
+        const wxSize size = GetClientSize();
+        paintFocusFrame(dc, {{0, 0}, {size.x, size.y}}, GetForegroundColour());
     }
 }
 
