@@ -1,11 +1,9 @@
-#include <sys/platform/x86.h>
-
 #include "models/PixelKernels.h"
 
 namespace Ostrel::Detail {
 
 bool hasAvx2() {
-    return CPU_FEATURE_ACTIVE(AVX2);
+    return __builtin_cpu_supports("avx2") != 0; // asks the system too, whether it keeps the wide registers
 }
 
 } // namespace Ostrel::Detail
