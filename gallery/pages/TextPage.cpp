@@ -167,7 +167,7 @@ private:
     int _tile = 0;
 };
 
-const PageRegistration registration = registerPage<TextPage>(230, "Text");
+const PageRegistration registration = registerPage<TextPage>(255, "Text");
 
 } // namespace
 
