@@ -17,9 +17,9 @@
 /// bitmap is the float b / 255 and back; no transfer curve is applied either way.
 namespace Ostrel::Wx {
 
-/// Decodes a picture held in memory. Damaged data are safe to pass. Of a GIF, the first picture is taken, if it is
-/// whole. A BMP or ICO with run-length encoding is not decoded, because the toolkit's decoder writes outside the
-/// picture.
+/// Decodes a picture held in memory. Damaged data are safe to pass; a picture that is not all there is not decoded. Of
+/// a GIF, the first picture is taken. A BMP or ICO with run-length encoding is not decoded, because the toolkit's
+/// decoder writes outside the picture.
 /// @param data the file's bytes
 /// @param size in bytes
 /// @param type its format; wxBITMAP_TYPE_ANY to find out from the data

@@ -136,9 +136,10 @@ namespace Ostrel::Detail {
 /// Shows a `Wx::MessageDialog` with these controls and FRAME_ICON, modally.
 ///
 /// Called off the main thread, it shows the toolkit's own message box instead, with as many of OK, Cancel, and Yes and
-/// No together as there are among the controls, and disables the parent's window meanwhile. On Windows it is shown on
-/// the calling thread. On Linux it is shown by the main thread, which has to be in an event loop or to run one soon;
-/// the call waits until the box is closed. On both, the main thread must not wait for the calling one meanwhile.
+/// No together as there are among the controls, and disables the parent's window meanwhile; the toolkit's box itself
+/// disables the library's windows, with a parent or without. On Windows it is shown on the calling thread. On Linux it
+/// is shown by the main thread, which has to be in an event loop or to run one soon; the call waits until the box is
+/// closed. On both, the main thread must not wait for the calling one meanwhile.
 /// @return the id of the control that ended the dialog
 /// @throws StopException of the message box alone: at `MessageDialog`:332 for an unknown icon, at `MessageDialog`:367
 ///     for a result that no control stands for

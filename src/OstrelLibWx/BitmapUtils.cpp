@@ -97,8 +97,12 @@ bool isSafeToDecode(ArrayView<const unsigned char> file, wxBitmapType type) {
     if (type == wxBITMAP_TYPE_BMP || (any && Detail::isBmp(file))) {
         return Detail::isSafeBmp(file);
     }
-    if (type == wxBITMAP_TYPE_ICO || type == wxBITMAP_TYPE_CUR || (any && Detail::isIcon(file))) {
+    const bool cursor = Detail::isCursor(file) && wxImage::FindHandler(wxBITMAP_TYPE_CUR) != nullptr;
+    if (type == wxBITMAP_TYPE_ICO || type == wxBITMAP_TYPE_CUR || (any && (Detail::isIcon(file) || cursor))) {
         return Detail::isSafeIcon(file);
+    }
+    if (type == wxBITMAP_TYPE_JPEG || (any && Detail::isJpeg(file))) {
+        return Detail::isWholeJpeg(file);
     }
     wxMemoryInputStream stream(file.data(), file.size());
     return !(type == wxBITMAP_TYPE_TGA || (any && wxTGAHandler().CanRead(stream))) || Detail::isSafeTga(file);

@@ -1,6 +1,7 @@
 #include <OstrelLibWx/widgets/CheckBox.h>
 
 #include "support/WidgetTest.h"
+#include "widgets/ModalDriver.h"
 
 #include <gmock/gmock.h>
 #include <wx/weakref.h>
@@ -170,6 +171,32 @@ TEST_F(CheckBoxFocus, ComesByTabByMoveFocusAndByAPress) {
     EXPECT_TRUE(pumpUntil(hasFocus(second)));
     pressKey(WXK_SPACE);
     EXPECT_TRUE(pumpUntil([second] { return second->getValue(); }));
+}
+
+TEST_F(CheckBoxLook, IsAsEverBehindADialogAndAfterIt) {
+    make(panel());
+    PixelColour behind{};
+    bool answered = false;
+    onToggle = [&] {
+        wxDialog dialog(&frame(), wxID_ANY, "Question", wxPoint(500, 500));
+        const ModalDriver driver({[&] {
+            if (ModalDriver::findActive<wxDialog>() == nullptr) {
+                return false;
+            }
+            behind = inside();
+            input().MouseMove(dialog.GetScreenRect().GetBottomRight() - wxPoint(20, 20));
+            dialog.EndModal(wxID_OK);
+            return true;
+        }});
+        dialog.ShowModal();
+        answered = true;
+    };
+    press();
+    releaseButton();
+    EXPECT_TRUE(pumpUntil([&] { return answered; }));
+    EXPECT_EQ(behind, ON) << "not greyed with its window";
+    EXPECT_TRUE(pumpUntil([this] { return innerFrame() == FRAME; })) << "the mouse has gone";
+    EXPECT_EQ(inside(), ON);
 }
 
 TEST_F(CheckBoxLook, SaysWhetherItIsOnUnderTheMouseFocusedAndEnabled) {

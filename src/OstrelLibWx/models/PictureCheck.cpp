@@ -19,14 +19,60 @@ std::uint32_t readNumber(Bytes data, std::size_t position, std::size_t byteCount
     return number;
 }
 
-/// Of a bitmap's information header, at `header`.
-bool isRunLengthEncoded(Bytes data, std::size_t header) {
-    constexpr std::uint32_t CORE_HEADER_SIZE = 12; // has no such field
-    constexpr std::size_t COMPRESSION = 16;
-    constexpr std::uint32_t RLE8 = 1;
-    constexpr std::uint32_t RLE4 = 2;
-    const std::uint32_t compression = readNumber(data, header + COMPRESSION, 4);
-    return readNumber(data, header, 4) != CORE_HEADER_SIZE && (compression == RLE8 || compression == RLE4);
+/// A device-independent bitmap's information header (Microsoft, "Bitmap Storage").
+struct BitmapHeader {
+    BitmapHeader(Bytes data, std::size_t position)
+        : size(readNumber(data, position, 4))
+        , isCore(size == CORE_SIZE)
+        , width(isCore ? readNumber(data, position + 4, 2) : readNumber(data, position + 4, 4))
+        , height(isCore ? readNumber(data, position + 6, 2) : readNumber(data, position + 8, 4))
+        , bitsPerPixel(readNumber(data, position + (isCore ? 10 : 14), 2))
+        , compression(isCore ? 0 : readNumber(data, position + 16, 4))
+        , coloursUsed(isCore ? 0 : readNumber(data, position + 32, 4)) {}
+
+    static constexpr std::uint32_t CORE_SIZE = 12; // has fewer fields
+
+    std::uint32_t size;
+    bool isCore;
+    std::uint32_t width;
+    std::uint32_t height; ///< negative, as two's complement, from the upper row on
+    std::uint32_t bitsPerPixel;
+    std::uint32_t compression;
+    std::uint32_t coloursUsed; ///< 0: as many as a pixel can tell apart
+
+    [[nodiscard]] bool isRunLengthEncoded() const { return compression == 1 || compression == 2; }
+    [[nodiscard]] bool isMapped() const { return bitsPerPixel <= 8; }
+    [[nodiscard]] std::uint64_t rowBytes() const { return (std::uint64_t{width} * bitsPerPixel + 31) / 32 * 4; }
+    [[nodiscard]] std::uint64_t rowCount() const {
+        return height > 0x7FFFFFFFU ? 0x100000000U - std::uint64_t{height} : height;
+    }
+};
+
+/// Whether every index of `bitsPerPixel` bits in the bytes is below `count`.
+bool areIndicesBelow(Bytes bytes, std::uint32_t count, std::uint32_t bitsPerPixel) {
+    const unsigned mask = (1U << bitsPerPixel) - 1;
+    return std::all_of(bytes.begin(), bytes.end(), [=](unsigned byte) {
+        for (unsigned shift = 0; shift < 8; shift += bitsPerPixel) {
+            if ((byte >> shift & mask) >= count) {
+                return false;
+            }
+        }
+        return true;
+    });
+}
+
+/// Whether no pixel has a colour that the table does not have. All that follows the table counts as pixels.
+bool isTableWhole(const BitmapHeader& header, Bytes data, std::size_t position) {
+    if (!header.isMapped() || header.coloursUsed == 0) {
+        return true;
+    }
+    if (header.bitsPerPixel == 0 || header.coloursUsed > 1U << header.bitsPerPixel) {
+        return false;
+    }
+    const std::uint64_t pixels = std::uint64_t{position} + header.size + 4 * std::uint64_t{header.coloursUsed};
+    return header.coloursUsed == 1U << header.bitsPerPixel ||
+           (pixels <= data.size() && 8 % header.bitsPerPixel == 0 &&
+            areIndicesBelow(data.subspan(static_cast<std::size_t>(pixels)), header.coloursUsed, header.bitsPerPixel));
 }
 
 struct TgaHeader {
@@ -87,26 +133,63 @@ bool isBmp(Bytes data) {
 }
 
 bool isIcon(Bytes data) {
-    const std::uint32_t type = readNumber(data, 2, 2);
-    return data.size() >= 4 && readNumber(data, 0, 2) == 0 && (type == 1 || type == 2);
+    return data.size() >= 4 && readNumber(data, 0, 4) == 0x10000;
+}
+
+bool isCursor(Bytes data) {
+    return data.size() >= 4 && readNumber(data, 0, 4) == 0x20000;
 }
 
 bool isSafeBmp(Bytes data) {
     constexpr std::size_t FILE_HEADER_SIZE = 14;
-    return !isRunLengthEncoded(data, FILE_HEADER_SIZE);
+    constexpr std::size_t PIXELS = 10;
+    const BitmapHeader header(data, FILE_HEADER_SIZE);
+    const std::uint64_t pixels = readNumber(data, PIXELS, 4);
+    const bool whole = pixels <= data.size() &&
+                       (header.rowBytes() == 0 || header.rowCount() <= (data.size() - pixels) / header.rowBytes());
+    return whole && !header.isRunLengthEncoded() && isTableWhole(header, data, FILE_HEADER_SIZE);
 }
 
 bool isSafeIcon(Bytes data) {
     constexpr std::size_t HEADER_SIZE = 6;
     constexpr std::size_t ENTRY_SIZE = 16;
+    constexpr std::size_t SIZE_IN_ENTRY = 8;
     constexpr std::size_t OFFSET_IN_ENTRY = 12;
     const std::size_t count = readNumber(data, 4, 2);
+    if (count == 0 || HEADER_SIZE + count * ENTRY_SIZE > data.size()) {
+        return false;
+    }
     for (std::size_t i = 0; i < count; ++i) {
-        if (isRunLengthEncoded(data, readNumber(data, HEADER_SIZE + i * ENTRY_SIZE + OFFSET_IN_ENTRY, 4))) {
+        const std::size_t entry = HEADER_SIZE + i * ENTRY_SIZE;
+        const std::uint64_t size = readNumber(data, entry + SIZE_IN_ENTRY, 4);
+        const std::uint32_t position = readNumber(data, entry + OFFSET_IN_ENTRY, 4);
+        const BitmapHeader header(data, position);
+        if (position + size > data.size() || header.isRunLengthEncoded() || !isTableWhole(header, data, position)) {
             return false;
         }
     }
     return true;
+}
+
+bool isJpeg(Bytes data) {
+    return data.size() >= 3 && data[0] == 0xFF && data[1] == 0xD8 && data[2] == 0xFF;
+}
+
+bool isWholeJpeg(Bytes data) {
+    constexpr unsigned char MARK = 0xFF;
+    constexpr unsigned char START_OF_SCAN = 0xDA;
+    constexpr unsigned char END_OF_IMAGE = 0xD9;
+    // Segments, each with its length, up to the first scan; there the end is the only thing that looks like it.
+    std::size_t position = 2;
+    while (position + 3 < data.size() && data[position] == MARK && data[position + 1] != START_OF_SCAN) {
+        position += data[position + 1] == MARK ? 1 : 2 + std::size_t{data[position + 2]} * 256 + data[position + 3];
+    }
+    if (position >= data.size()) {
+        return false;
+    }
+    constexpr unsigned char END[] = {MARK, END_OF_IMAGE};
+    const Bytes rest = data.subspan(position);
+    return std::search(rest.begin(), rest.end(), std::begin(END), std::end(END)) != rest.end();
 }
 
 bool isSafeTga(Bytes data) {
@@ -124,9 +207,10 @@ bool isSafeTga(Bytes data) {
     if (header.isRunLengthEncoded()) {
         return areRunsWhole(header, pixels);
     }
-    return !header.isMapped() ||
-           isInMap(pixels.first(static_cast<std::size_t>(std::min<std::uint64_t>(header.pixelCount, pixels.size()))),
-                   header.mapLength);
+    if (header.pixelCount * header.pixelBytes > pixels.size()) {
+        return false;
+    }
+    return !header.isMapped() || isInMap(pixels.first(static_cast<std::size_t>(header.pixelCount)), header.mapLength);
 }
 
 } // namespace Ostrel::Detail

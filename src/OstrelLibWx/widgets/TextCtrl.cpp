@@ -87,7 +87,7 @@ void TextCtrl::onKeyDown(wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     if ((key == 'A' || key == 'a') && event.ControlDown()) {
         SetSelection(0, -1);
-    } else if (key == WXK_TAB && !HasFlag(wxTE_PROCESS_TAB)) {
+    } else if (key == WXK_TAB && !event.ControlDown() && !event.AltDown() && !HasFlag(wxTE_PROCESS_TAB)) {
         // The system's own navigation may come after this, and would then not see the key.
         Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     }

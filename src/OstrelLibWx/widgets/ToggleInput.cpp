@@ -6,6 +6,21 @@
 
 namespace Ostrel::Wx {
 
+namespace {
+
+/// As far as the window and its parents within the same top-level window are concerned: that one is disabled while a
+/// dialog is shown, and looks as ever.
+bool isEnabledWithinTopLevel(const wxWindow& window) {
+    for (const wxWindow* w = &window; w != nullptr && !w->IsTopLevel(); w = w->GetParent()) {
+        if (!w->IsThisEnabled()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
 ToggleInput::ToggleInput(wxWindow& window, ArrayView<const int> keys, Function<void()> onClick)
     : _window(window)
     , _keys(keys)
@@ -23,6 +38,7 @@ ToggleInput::ToggleInput(wxWindow& window, ArrayView<const int> keys, Function<v
     _window.Bind(wxEVT_KEY_UP, &ToggleInput::onKeyUp, this);
     _window.Bind(wxEVT_SET_FOCUS, &ToggleInput::onFocusGained, this);
     _window.Bind(wxEVT_KILL_FOCUS, &ToggleInput::onFocusLost, this);
+    wxGetTopLevelParent(&_window)->Bind(wxEVT_ACTIVATE, &ToggleInput::onActivate, this);
 }
 
 ToggleInput::~ToggleInput() {
@@ -39,7 +55,7 @@ bool ToggleInput::setOn(bool on) {
 
 Flags<ToggleState> ToggleInput::getState() const {
     Flags<ToggleState> state = _model.getState();
-    if (!_window.IsEnabled()) {
+    if (!isEnabledWithinTopLevel(_window)) {
         state.clear(ToggleState::ENABLED);
         state.clear(ToggleState::PRESSED);
     }
@@ -47,13 +63,12 @@ Flags<ToggleState> ToggleInput::getState() const {
 }
 
 void ToggleInput::followEnabled() {
-    const bool enabled = _window.IsEnabled();
+    const bool enabled = isEnabledWithinTopLevel(_window);
     if (enabled == _model.getState().has(ToggleState::ENABLED)) {
         return;
     }
-    // GTK does not tell a disabled window that the mouse left it.
-    if (enabled && !_window.GetScreenRect().Contains(wxGetMousePosition())) {
-        _model.setMouseOver(false);
+    if (enabled) {
+        forgetMouseElsewhere();
     }
     _model.setEnabled(enabled);
     if (!enabled) {
@@ -136,6 +151,19 @@ void ToggleInput::onFocusLost(wxFocusEvent& event) {
     _model.setFocused(false);
     _window.Refresh();
     event.Skip();
+}
+
+void ToggleInput::onActivate(wxActivateEvent& event) {
+    forgetMouseElsewhere();
+    event.Skip();
+}
+
+/// GTK tells neither a disabled window nor one behind a dialog that the mouse left it.
+void ToggleInput::forgetMouseElsewhere() {
+    if (_model.getState().has(ToggleState::MOUSE_OVER) && !_window.GetScreenRect().Contains(wxGetMousePosition())) {
+        _model.setMouseOver(false);
+        _window.Refresh();
+    }
 }
 
 void ToggleInput::finish(ToggleModel::Release release) {

@@ -41,8 +41,10 @@ private:
     void onKeyUp(wxKeyEvent& event);
     void onFocusGained(wxFocusEvent& event);
     void onFocusLost(wxFocusEvent& event);
+    void onActivate(wxActivateEvent& event);
 
     void finish(ToggleModel::Release release);
+    void forgetMouseElsewhere();
     void releaseMouse();
     [[nodiscard]] bool isClickKey(const wxKeyEvent& event) const;
 

@@ -3,7 +3,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
+#include <new>
 
 #include <gtk/gtk.h>
 
@@ -54,7 +56,10 @@ enum Target : guint { PNG, BMP };
 void answer(GtkClipboard*, GtkSelectionData* selection, guint target, gpointer data) {
     const auto& file = *static_cast<const BmpFile*>(data);
     if (target == PNG) {
-        answerAsPng(*selection, file); // made when it is wanted: it takes a while
+        try {
+            answerAsPng(*selection, file); // made when it is wanted: it takes a while
+        } catch (const std::bad_alloc&) {  // nothing is answered; GTK is C
+        }
     } else {
         gtk_selection_data_set(selection, gtk_selection_data_get_target(selection), 8, file.data(),
                                static_cast<int>(file.size()));
@@ -72,7 +77,15 @@ bool putOnClipboard(const BitmapImpl<Rgb>& image, bool spoilGrey, WindowHandle) 
     char bmp[] = "image/bmp";
     const std::array<GtkTargetEntry, 2> targets{{{png, 0, PNG}, {bmp, 0, BMP}}};
     GtkClipboard* const clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
-    auto file = std::make_unique<BmpFile>(makeBmpFile(image, spoilGrey));
+    std::unique_ptr<BmpFile> file;
+    try {
+        file = std::make_unique<BmpFile>(makeBmpFile(image, spoilGrey));
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    if (file->size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) { // GTK counts bytes so
+        return false;
+    }
     if (gtk_clipboard_set_with_data(clipboard, targets.data(), static_cast<guint>(targets.size()), answer, forget,
                                     file.get()) == FALSE) {
         return false;

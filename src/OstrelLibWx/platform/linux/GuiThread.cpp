@@ -8,6 +8,9 @@
 namespace Ostrel::Detail {
 
 int callForOtherThread(const Function<int()>& show) {
+    if (wxTheApp == nullptr) {
+        throw std::future_error(std::future_errc::broken_promise);
+    }
     // Owned by the event alone: when that is deleted unprocessed, the promise is broken and the wait ends.
     auto task = std::make_shared<std::packaged_task<int()>>(show);
     std::future<int> result = task->get_future();
