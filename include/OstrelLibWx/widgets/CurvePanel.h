@@ -139,7 +139,18 @@ private:
     void onMouseMove(wxMouseEvent& event);
     void onTimer(wxTimerEvent& event);
     void onMouseWheel(wxMouseEvent& event);
+    void onSize(wxSizeEvent& event);
     void onCaptureLost(wxMouseCaptureLostEvent& event);
+
+    bool followSize();
+    void endDrag();
+    void refreshMark();
+    void refreshAll();
+
+    // These tell the host, which may destroy the panel.
+    void applyEdit(bool changed);
+    void reportChanges(ArrayView<const CurveChannel> channels);
+    void reportPendingChanges();
 
     AutoPtr<Impl> _impl;
 };
