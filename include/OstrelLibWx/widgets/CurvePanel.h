@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <utility>
 
+class wxTimerEvent;
+
 namespace Ostrel::Wx {
 
 /// What a `CurvePanel` asks and tells its host. All of it is called on the GUI thread. Each operation may call back

@@ -233,9 +233,11 @@ void CurvePanel::onMouseMove(wxMouseEvent& event) {
     const Pixel pixel = toPixel(event.GetPosition());
     CurveEditing& editing = _impl->editing;
     if (editing.isDragging()) {
+        const wxWeakRef<CurvePanel> self(this);
         editing.stopHovering();
         SetCursor(_impl->elsewhere);
         applyEdit(editing.drag(pixel));
+        event.Skip(static_cast<bool>(self)); // else the toolkit would go on with a window that is gone
         return;
     }
     refreshMark();
