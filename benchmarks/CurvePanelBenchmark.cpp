@@ -175,10 +175,13 @@ public:
         : _active(&_loop)
         , _frame(new wxFrame(nullptr, wxID_ANY, "Curves", wxPoint(0, 0)))
         , _panel(new Panel(_frame, wxSize(size, size))) {
+        _panel->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+            ++_paintCount;
+            event.Skip();
+        });
         _frame->SetClientSize(size, size);
         _frame->Show();
-        LibWx::processAllPendingEvents();
-        _panel->Update();
+        dispatchUntilPainted(0);
     }
     ~Shown() {
         _frame->Destroy();
@@ -189,6 +192,13 @@ public:
 
     Panel& panel() { return *_panel; }
 
+    /// Makes the window show the panel as it is now.
+    void paintOnScreen() {
+        const int before = _paintCount;
+        _panel->Update();
+        dispatchUntilPainted(before);
+    }
+
     /// A step of the drag: up and down in steps of a pixel or two.
     void dragOn() {
         _y = _y < 0.9F ? _y + 0.0041F : 0.1F;
@@ -196,11 +206,18 @@ public:
     }
 
 private:
+    void dispatchUntilPainted(int before) {
+        while (_paintCount == before) {
+            _loop.Dispatch();
+        }
+    }
+
     LibraryUp _library;
     wxGUIEventLoop _loop;
     wxEventLoopActivator _active;
     wxFrame* _frame;
     Panel* _panel;
+    int _paintCount = 0;
     float _y = 0.5F;
 };
 
@@ -233,7 +250,7 @@ void curvePanelDragOnScreen(benchmark::State& state) {
     Shown<Panel> shown(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         shown.dragOn();
-        shown.panel().Update();
+        shown.paintOnScreen();
     }
 }
 
