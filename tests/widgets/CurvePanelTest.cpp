@@ -267,9 +267,10 @@ TEST_F(CurvePanelWindow, ShowsGridHistogramCurvesAndPoints) {
     EXPECT_NE(look(diagonal).find('r'), std::string::npos) << "dashes alone: the identity is not selected";
 
     send(wxEVT_MOTION, at(60, 3));
-    EXPECT_EQ(look({{60, 50 + scaleByDpi(4)}, {60, 50}}), "WR") << "a mark that is not filled";
-    curves->setCurves({{Curve(), Curve({{-0.01F, 0.02F}, {1.01F, 0.02F}}), Curve(), Curve()}});
-    EXPECT_EQ(look({{-2, 5}, {202, 5}}), "mm") << "circles that would be cut off";
+    EXPECT_THAT(look({{60, 53}, {60, 54}, {60, 55}, {60, 56}, {60, 57}}), testing::HasSubstr("W"));
+    EXPECT_EQ(look({{60, 50}}), "R") << "the mark is not filled";
+    curves->setCurves({{Curve(), Curve({{-0.015F, 0.02F}, {1.015F, 0.02F}}), Curve(), Curve()}});
+    EXPECT_EQ(look({{-3, 5}, {203, 5}}), "mm") << "circles that would be cut off";
     host->histogram = {};
     turnWheel(-1); // the value 1 lies at 133 of the 200 pixels
     EXPECT_EQ(look({{1, 190}, {116, 190}, {117, 190}, {190, 116}, {133, 190}, {134, 190}, {190, 134}}), "##p####");
