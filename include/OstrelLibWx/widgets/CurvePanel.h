@@ -77,6 +77,7 @@ public:
 /// - The right button deletes a point; the first and the last one stay.
 /// - The wheel zooms by 3 : 2, up to five steps in each direction: the plot shows the values from 0 to 1 / zoom in both
 ///   directions, with its origin in the lower left corner.
+/// - The mouse without a button marks the curve above or below it.
 ///
 /// Curves are expected to have at least two points, in ascending order of x. All sizes here are in screen pixels; the
 /// panel's own, such as the margin of 5 design pixels around the plot, are scaled with the DPI.

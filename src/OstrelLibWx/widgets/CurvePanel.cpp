@@ -215,7 +215,7 @@ void CurvePanel::onMouseDown(wxMouseEvent& event) {
     const wxWeakRef<CurvePanel> self(this);
     CurveEditing& editing = _impl->editing;
     applyEdit(editing.press(editing.getPlot().clamp(toPixel(event.GetPosition()))));
-    if (self && !HasCapture()) {
+    if (self && editing.isDragging() && !HasCapture()) { // what was told of the press may have ended it
         CaptureMouse();
     }
 }
