@@ -1,0 +1,70 @@
+#include "support/WidgetTest.h"
+
+#include <OstrelLibWx/widgets/ZoomableScrollable.h>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+using Amounts = std::vector<int>;
+
+class Viewer : public Ostrel::ZoomableScrollable {
+public:
+    explicit Viewer(wxWindow& window) { bindScrollAndZoomEvents(&window); }
+
+    Amounts amounts;
+    std::unique_ptr<Viewer>* owner = nullptr; ///< if set, it is destroyed by what it is told
+
+private:
+    void onScrollOrZoom(const wxMouseEvent& event, int amount) override {
+        EXPECT_EQ(event.GetPosition(), wxPoint(33, 44));
+        amounts.push_back(amount);
+        if (owner != nullptr) {
+            owner->reset();
+        }
+    }
+};
+
+class ZoomableScrollableTest : public WidgetTest {
+protected:
+    void send(wxEventType type, float magnification, int rotation) {
+        wxMouseEvent event(type);
+        event.m_magnification = magnification;
+        event.m_wheelRotation = rotation;
+        event.SetPosition({33, 44});
+        EXPECT_TRUE(panel().ProcessWindowEvent(event)) << "goes no further";
+    }
+};
+
+TEST_F(ZoomableScrollableTest, TakesAPinchAsOneStepAndTheWheelAsItIs) {
+    Viewer viewer(panel());
+    const struct {
+        std::vector<float> magnifications;
+        int step;
+    } pinches[] = {
+        {{0.01f, 0.02f, 0.5f, -0.1f}, 1}, {{-0.25f, 0.125f}, -1}, {{0.5f, -0.5f}, -1}, {{}, -1}, {{0.001f}, 1}};
+    for (const auto& [magnifications, step] : pinches) {
+        SCOPED_TRACE(testing::PrintToString(magnifications));
+        viewer.amounts.clear();
+        Amounts expected;
+        for (const float magnification : magnifications) {
+            send(wxEVT_MAGNIFY, magnification, 0);
+            send(wxEVT_MOUSEWHEEL, 0.0f, -360); // of no account for the pinch
+            expected.push_back(-360);
+        }
+        send(wxEVT_MAGNIFY, 0.0f, 0);
+        expected.push_back(step);
+        EXPECT_EQ(viewer.amounts, expected);
+    }
+}
+
+TEST_F(ZoomableScrollableTest, MayBeDestroyedByWhatItReports) {
+    auto viewer = std::make_unique<Viewer>(panel());
+    viewer->owner = &viewer;
+    send(wxEVT_MAGNIFY, 1.0f, 0);
+    send(wxEVT_MAGNIFY, 0.0f, 0);
+    EXPECT_EQ(viewer, nullptr);
+}
+
+} // namespace
