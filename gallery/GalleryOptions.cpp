@@ -46,7 +46,7 @@ Expected<GalleryOptions, String> parseGalleryOptions(ArrayView<const String> arg
 String getUsage(ArrayView<const String> pages) {
     String usage =
         "Usage: gallery [--picture FILE] [--screenshots DIR] [--only PAGE] [--help]\n"
-        "  --picture FILE     open a picture (PNG, JPEG, BMP, GIF, TIFF, TGA or ICO) on the page \"Picture\"\n"
+        "  --picture FILE     open a picture (PNG, JPEG, BMP, GIF, TIFF, TGA or ICO) on \"Picture\" and \"Lab\"\n"
         "  --screenshots DIR  save every page to DIR/NN-name.png as the screen shows it, and end\n"
         "  --only PAGE        open at that page, or save that page alone\n"
         "  --help             print this and end\n"

@@ -8,7 +8,7 @@ namespace Ostrel::Gallery {
 
 /// What the command line asks for.
 struct GalleryOptions {
-    /// The picture to open on the page "Picture".
+    /// The picture to open on the pages "Picture" and "Lab".
     Optional<Path> picture;
     /// The folder to which pages are saved; the program ends afterwards.
     Optional<Path> screenshots;

@@ -28,6 +28,9 @@ public:
     /// the controls' own means.
     virtual void arrangeForPicture() {}
 
+    /// Whether the page is in that state yet; asked until it is.
+    [[nodiscard]] virtual bool isArrangedForPicture() const { return true; }
+
     /// Called when the page is shown and when another takes its place.
     virtual void onPageShown(bool shown);
 

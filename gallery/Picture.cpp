@@ -76,6 +76,7 @@ float mix(float over, float under, float alpha) {
 
 Picture loadPicture(const Path& path) {
     Picture picture;
+    picture.isFromFile = true;
     picture.name = wxString(path.fileName().toWide());
     const wxString file(path.nativeStr().toWide());
     if (!wxFileName::FileExists(file)) {
@@ -150,11 +151,11 @@ Picture makeColourField() {
     return picture;
 }
 
-wxBitmap showOnChequers(const Picture& picture) {
-    if (!picture.hasAlpha) {
-        return Wx::toWxBitmap(picture.image, false);
-    }
+BitmapImpl<Rgb> putOnChequers(const Picture& picture) {
     BitmapImpl<Rgb> shown = picture.image;
+    if (!picture.hasAlpha) {
+        return shown;
+    }
     for (int y = 0; y < shown.getHeight(); ++y) {
         int x = 0;
         for (Rgb& pixel : shown.row(y)) {
@@ -163,7 +164,7 @@ wxBitmap showOnChequers(const Picture& picture) {
                      mix(pixel.blue, ground, pixel.alpha), 1.0f};
         }
     }
-    return Wx::toWxBitmap(shown, false);
+    return shown;
 }
 
 } // namespace Ostrel::Gallery

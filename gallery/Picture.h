@@ -10,11 +10,13 @@
 
 namespace Ostrel::Gallery {
 
-/// The picture of the page "Picture", in the library's own form: stored bytes over 255, without any transfer curve.
+/// The picture that the gallery was given, or one of its own, in the library's own form: stored bytes over 255, without
+/// any transfer curve.
 struct Picture {
     wxString name;
     BitmapImpl<Rgb> image; ///< empty if there was an error
     bool hasAlpha = false;
+    bool isFromFile = false;
     wxString error; ///< why the file could not be read, as a sentence for the user; empty if it could
 };
 
@@ -28,7 +30,7 @@ wxString savePicture(const Picture& picture, const Path& path);
 /// A field of colours: hue from left to right, paler downwards, in slanting waves of brightness.
 Picture makeColourField();
 
-/// The picture as a bitmap without transparency: what is transparent shows a chequered ground.
-wxBitmap showOnChequers(const Picture& picture);
+/// The picture without transparency: what is transparent shows a chequered ground.
+BitmapImpl<Rgb> putOnChequers(const Picture& picture);
 
 } // namespace Ostrel::Gallery

@@ -1,6 +1,7 @@
 #include "Plots.h"
 
 #include "Look.h"
+#include "lab/Tones.h"
 
 #include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/GuiSkin.h>
@@ -9,7 +10,6 @@
 #include <wx/dcmemory.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace Ostrel::Gallery {
 
@@ -28,11 +28,6 @@ float getShare(int index, int count) {
 Rgb toLinearSrgb(const XYZ& c) {
     return {3.2406f * c.x - 1.5372f * c.y - 0.4986f * c.z, -0.9689f * c.x + 1.8758f * c.y + 0.0415f * c.z,
             0.0557f * c.x - 0.2040f * c.y + 1.0570f * c.z};
-}
-
-/// The transfer curve of sRGB, IEC 61966-2-1.
-float encodeSrgb(float linear) {
-    return linear <= 0.0031308f ? 12.92f * linear : 1.055f * std::pow(linear, 1.0f / 2.4f) - 0.055f;
 }
 
 void drawColumns(wxDC& dc, wxSize size, const Function<wxColour(float)>& getColour) {
@@ -96,7 +91,7 @@ wxBitmap plotBlackBodies(wxSize size, float fromKelvin, float toKelvin) {
         drawColumns(dc, size, [&](float share) {
             const Rgb light = toLinearSrgb(blackbodyColor(fromKelvin + (toKelvin - fromKelvin) * share));
             const float largest = std::max({light.red, light.green, light.blue});
-            const auto encode = [largest](float channel) { return encodeSrgb(std::max(0.0f, channel / largest)); };
+            const auto encode = [largest](float channel) { return encodeSrgb(channel / largest); };
             return toScreenColour({encode(light.red), encode(light.green), encode(light.blue)});
         });
     });

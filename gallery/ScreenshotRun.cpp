@@ -13,8 +13,8 @@ namespace Ostrel::Gallery {
 namespace {
 
 constexpr int LOOK_INTERVAL_MS = 40;
-/// Generous: it passes only where something keeps the window from being shown.
-constexpr long DEADLINE_MS = 20'000;
+/// Generous: it passes only where something keeps the window from being shown, or a page from being ready.
+constexpr long DEADLINE_MS = 60'000;
 
 /// What the screen shows where the window's client area is.
 wxImage captureFromScreen(const wxWindow& window) {
@@ -91,6 +91,9 @@ void ScreenshotRun::onTimer(wxTimerEvent&) {
     if (!_arranged) {
         // Only what has been painted is laid out for good.
         arrangePage();
+        return;
+    }
+    if (!_frame.getCurrentPage().isArrangedForPicture()) {
         return;
     }
     const wxImage now = captureFromScreen(_frame);

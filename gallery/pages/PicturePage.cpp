@@ -3,6 +3,7 @@
 #include "Picture.h"
 #include "Plots.h"
 
+#include <OstrelLibWx/BitmapUtils.h>
 #include <OstrelLibWx/FileDialogs.h>
 #include <OstrelLibWx/MessageDialog.h>
 #include <OstrelLibWx/WindowUtils.h>
@@ -143,7 +144,7 @@ private:
 
     void showPicture(Picture picture) {
         _picture = std::move(picture);
-        _view->showPicture(showOnChequers(_picture));
+        _view->showPicture(Wx::toWxBitmap(putOnChequers(_picture), false));
         for (std::size_t i = 0; i < std::size(CHANNELS); ++i) {
             const Histogram histogram = Histogram::compute(_picture.image, CHANNELS[i].channel, 0.0f, 1.0f, BINS);
             _histograms[i]->setBitmap(

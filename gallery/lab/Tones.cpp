@@ -1,0 +1,93 @@
+#include "lab/Tones.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace Ostrel::Gallery {
+
+namespace {
+
+constexpr double CELLS_PER_UNIT = 4096.0;
+constexpr double LEAST_CELLS = 256.0;
+constexpr double MOST_CELLS = 16384.0;
+
+/// Ranges below it are as good as a step.
+constexpr float LEAST_WIDTH = 0.0001F;
+
+/// Where the curve is not flat: from its first point to its last.
+std::pair<float, float> getRange(const Curve& curve) {
+    float from = std::numeric_limits<float>::max();
+    float to = std::numeric_limits<float>::lowest();
+    for (const CurvePoint& point : curve.getPoints()) {
+        if (std::isfinite(point.x) && std::isfinite(point.y)) {
+            from = std::min(from, point.x);
+            to = std::max(to, point.x);
+        }
+    }
+    return from <= to ? std::pair(from, std::max(to, from + LEAST_WIDTH)) : std::pair(0.0F, 1.0F);
+}
+
+} // namespace
+
+float encodeSrgb(float light) {
+    if (!(light > 0.0F)) {
+        return 0.0F;
+    }
+    return light <= 0.0031308F ? 12.92F * light : 1.055F * std::pow(light, 1.0F / 2.4F) - 0.055F;
+}
+
+ToneTables::ToneTables(const ColorCurve& curves, PictureValues values)
+    : _tables{makeTable(curves[CurveChannel::RED], curves[CurveChannel::MASTER], values),
+              makeTable(curves[CurveChannel::GREEN], curves[CurveChannel::MASTER], values),
+              makeTable(curves[CurveChannel::BLUE], curves[CurveChannel::MASTER], values)} {}
+
+ToneTables::Table ToneTables::makeTable(const Curve& own, const Curve& master, PictureValues values) {
+    // Of two identities the first has the range that the screen can show.
+    const auto [from, to] = getRange(own.isIdentity() && !master.isIdentity() ? master : own);
+    const double width = static_cast<double>(to) - static_cast<double>(from);
+    const auto count = static_cast<std::size_t>(std::clamp(width * CELLS_PER_UNIT, LEAST_CELLS, MOST_CELLS));
+
+    Array<float> places(count + 2, to);
+    for (std::size_t i = 0; i < count; ++i) {
+        places[i] = static_cast<float>(from + width * static_cast<double>(i) / static_cast<double>(count));
+    }
+    for (const Curve* const curve : {&own, &master}) {
+        if (!curve->isIdentity()) {
+            curve->evaluate(places, places);
+        }
+    }
+    if (values == PictureValues::LIGHT) {
+        std::transform(places.begin(), places.end(), places.begin(), encodeSrgb);
+    }
+    return {from, static_cast<float>(static_cast<double>(count) / width), static_cast<float>(count), std::move(places)};
+}
+
+void ToneTables::apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept {
+    // One table after the other: each fits into the processor's nearest cache, all three do not.
+    applyTable(_tables[0], &Rgb::red, values, shown);
+    applyTable(_tables[1], &Rgb::green, values, shown);
+    applyTable(_tables[2], &Rgb::blue, values, shown);
+    for (Rgb& pixel : shown) {
+        pixel.alpha = 1.0F;
+    }
+}
+
+void ToneTables::applyTable(const Table& table, float Rgb::*colour, ArrayView<const Rgb> values,
+                            ArrayView<Rgb> shown) noexcept {
+    // Copies, which no write to a pixel can change.
+    const float from = table.from;
+    const float cellsPerUnit = table.cellsPerUnit;
+    const float cellCount = table.cellCount;
+    const float* const edges = table.edges.data();
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const float place = (values[i].*colour - from) * cellsPerUnit;
+        const float inside = std::min(place > 0.0F ? place : 0.0F, cellCount); // NaN is not above 0
+        const int cell = static_cast<int>(inside);
+        const float left = edges[cell];
+        shown[i].*colour = left + (inside - static_cast<float>(cell)) * (edges[cell + 1] - left);
+    }
+}
+
+} // namespace Ostrel::Gallery
