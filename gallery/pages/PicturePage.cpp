@@ -29,9 +29,9 @@ wxSize fit(wxSize picture, wxSize room) {
 }
 
 /// A bitmap as large as the panel lets it be, at the top left.
-class PictureView : public wxPanel {
+class FittedPicture : public wxPanel {
 public:
-    explicit PictureView(wxWindow* parent)
+    explicit FittedPicture(wxWindow* parent)
         : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE) {
         SetBackgroundStyle(wxBG_STYLE_PAINT);
         Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -106,7 +106,7 @@ public:
         content().Add(buttons);
         content().AddSpacer(Wx::scaleByDpi(GRID + GRID / 2));
 
-        _view = new PictureView(this);
+        _view = new FittedPicture(this);
         _view->SetMinSize(Wx::scaleByDpi(VIEW));
         _row = new wxBoxSizer(wxHORIZONTAL);
         _row->Add(_view, wxSizerFlags(1).Expand());
@@ -201,7 +201,7 @@ private:
     Wx::Button* _save{};
     wxStaticText* _name{};
     wxBoxSizer* _row{};
-    PictureView* _view{};
+    FittedPicture* _view{};
     Array<Wx::StaticBitmap*> _histograms; ///< one for each of `CHANNELS`
     wxStaticText* _error{};               ///< why there is no picture; null if there is one
 };
