@@ -7,11 +7,10 @@
 #include "painting/MarkPainting.h"
 #include "painting/PixelDrawing.h"
 #include "platform/PopupNative.h"
+#include "widgets/DropdownWatch.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/frame.h>
-#include <wx/timer.h>
-#include <wx/utils.h>
 #include <wx/weakref.h>
 
 #include <algorithm>
@@ -66,28 +65,19 @@ public:
         : wxFrame(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                   wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_FLOAT_ON_PARENT, "DropdownButtonPopup")
         , _button(&button)
-        , _buttonRect(button.GetScreenRect())
-        , _owner(wxGetTopLevelParent(&button))
         , _selection(static_cast<int>(entries.size())) {
         const DropdownRow row{static_cast<int>(entries.size()), scaleByDpi(Pixel{ENTRY_WIDTH, ENTRY_HEIGHT}),
                               scaleByDpi(ROW_PADDING)};
         makeRow(row, skin, entries);
         const Pixel size = row.getSize();
         SetClientSize(size.x, size.y);
-        const Pixel place =
-            placeDropdown(toBucket(_buttonRect), size, getMonitorRegionByWindow(&button, MonitorRegionType::WORK_AREA));
+        const Pixel place = placeDropdown(toBucket(button.GetScreenRect()), size,
+                                          getMonitorRegionByWindow(&button, MonitorRegionType::WORK_AREA));
         SetPosition(wxPoint(place.x, place.y));
 
         Bind(wxEVT_CHAR_HOOK, &Popup::onKey, this);
-        Bind(wxEVT_ACTIVATE, &Popup::onActivate, this);
         Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { closeButton(); });
-        Bind(wxEVT_TIMER, [this](wxTimerEvent&) { check(); });
-        // The toolkit takes these away again when either window is destroyed.
-        _owner->Bind(wxEVT_MOVE, &Popup::onOwnerMoved, this);
-        _owner->Bind(wxEVT_SHOW, &Popup::onOwnerShown, this);
-        _owner->Bind(wxEVT_ICONIZE, &Popup::onOwnerIconized, this);
-        _timer.SetOwner(this);
-        _timer.Start(DROPDOWN_CHECK_MS);
+        _watch.start(button);
         Detail::letTakeInputBesideModalDialog(*this);
     }
 
@@ -100,7 +90,7 @@ public:
     /// Hides the window and has it destroyed as soon as no event of its is under way. It knows its button no more.
     void dismiss() {
         _button = nullptr;
-        _timer.Stop();
+        _watch.stop();
         Hide();
         Destroy();
     }
@@ -157,42 +147,6 @@ private:
         }
     }
 
-    void onActivate(wxActivateEvent& event) {
-        event.Skip();
-        if (event.GetActive()) {
-            _closing.focusGained();
-        } else if (_button != nullptr && _closing.focusLost(_button->GetScreenRect().Contains(wxGetMousePosition()))) {
-            closeButton();
-        }
-    }
-
-    void onOwnerMoved(wxMoveEvent& event) {
-        event.Skip();
-        check();
-    }
-
-    void onOwnerShown(wxShowEvent& event) {
-        event.Skip();
-        if (event.GetEventObject() == _owner && !event.IsShown()) {
-            closeButton();
-        }
-    }
-
-    void onOwnerIconized(wxIconizeEvent& event) {
-        event.Skip();
-        closeButton();
-    }
-
-    void check() {
-        if (_button == nullptr) {
-            return;
-        }
-        const bool gone = !_button->IsShownOnScreen() || !_button->IsEnabled();
-        if (_closing.check(gone || _button->GetScreenRect() != _buttonRect, _button->HasCapture())) {
-            closeButton();
-        }
-    }
-
     void closeButton() {
         if (_button != nullptr) {
             _button->close();
@@ -206,13 +160,10 @@ private:
     }
 
     DropdownButton* _button; ///< null once dismissed
-    wxRect _buttonRect;      ///< on the screen, when the row opened
-    wxWindow* _owner;        ///< the button's top-level window
     wxPanel* _row = nullptr;
     Array<EntryButton*> _entries;
     DropdownSelection _selection;
-    DropdownClosing _closing;
-    wxTimer _timer;
+    DropdownWatch _watch{*this, [this] { closeButton(); }};
 };
 
 struct DropdownButton::Impl {
