@@ -1,27 +1,19 @@
 #include <benchmark/benchmark.h>
-#include <wx/frame.h>
 
 #include <OstrelLibWx/widgets/Spinner.h>
 
-#include "LibraryUp.h"
+#include "Screen.h"
 
 namespace {
 
 using namespace Ostrel;
 
-/// A shown frame with a spinner from 0 to 1000 that shows 2 decimals.
+/// A spinner from 0 to 1000 that shows 2 decimals.
 struct SpinnerOnScreen {
-    SpinnerOnScreen() {
-        frame->Show();
-        LibWx::processAllPendingEvents();
-    }
-    ~SpinnerOnScreen() { frame->Destroy(); }
-    SpinnerOnScreen(const SpinnerOnScreen&) = delete;
-    SpinnerOnScreen& operator=(const SpinnerOnScreen&) = delete;
+    SpinnerOnScreen() { Screen::awaitPaint(*spinner); }
 
-    LibraryUp library{};
-    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "Spinner", wxPoint(100, 100));
-    Wx::Spinner* spinner = new Wx::Spinner(frame, wxID_ANY, 60, 0, 1000, 500, 2, 0.1F);
+    Screen screen{};
+    Wx::Spinner* spinner = new Wx::Spinner(new wxPanel(screen.frame), wxID_ANY, 60, 0, 1000, 500, 2, 0.1F);
 };
 
 void spinnerSetValue(benchmark::State& state) {

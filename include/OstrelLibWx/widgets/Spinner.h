@@ -8,6 +8,7 @@
 #include <wx/event.h>
 #include <wx/panel.h>
 #include <wx/spinctrl.h>
+#include <wx/timer.h>
 
 namespace Ostrel::Wx {
 

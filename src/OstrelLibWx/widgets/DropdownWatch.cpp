@@ -20,6 +20,7 @@ void DropdownWatch::start(wxWindow& anchor) {
     _anchor = &anchor;
     _anchorRect = anchor.GetScreenRect();
     _closing = {};
+    _active = false;
     watchOwner(*wxGetTopLevelParent(&anchor));
     _timer.Start(DROPDOWN_CHECK_MS);
 }
@@ -48,9 +49,12 @@ void DropdownWatch::watchOwner(wxWindow& owner) {
 
 void DropdownWatch::onActivate(wxActivateEvent& event) {
     event.Skip();
+    // A loss that is told before the focus has come is of the last time that the dropdown was open.
+    const bool wasActive = std::exchange(_active, event.GetActive());
     if (event.GetActive()) {
         _closing.focusGained();
-    } else if (_anchor != nullptr && _closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
+    } else if (wasActive && _anchor != nullptr &&
+               _closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
         _close();
     }
 }

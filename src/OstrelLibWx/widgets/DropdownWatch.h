@@ -40,6 +40,7 @@ private:
     wxWindow* _anchor = nullptr; ///< null while stopped
     wxWeakRef<wxWindow> _owner;  ///< the anchor's top-level window
     wxRect _anchorRect;          ///< on the screen, when the dropdown opened
+    bool _active = false;        ///< the dropdown has had the focus since it opened, and has it still
     DropdownClosing _closing;
     wxTimer _timer;
 };
