@@ -108,6 +108,8 @@ private:
     void refreshBox();
     [[nodiscard]] bool notifySelection();
     void tellOfWindow(WindowEvent event);
+    bool pressKey(const wxKeyEvent& event);
+    bool pressListKey(const wxKeyEvent& event);
     bool pressEditKey(const wxKeyEvent& event);
 
     AutoPtr<Impl> _impl;

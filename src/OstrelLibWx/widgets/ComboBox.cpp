@@ -195,25 +195,38 @@ void ComboBox::paint(wxDC& dc) const {
 }
 
 void ComboBox::onKey(wxKeyEvent& event) {
+    event.Skip(!pressKey(event)); // the box may be gone
+}
+
+/// False if the key is none of the box's. The box may be gone on return.
+bool ComboBox::pressKey(const wxKeyEvent& event) {
     const int keyCode = event.GetKeyCode();
     if (event.ControlDown()) {
-        event.Skip();
-    } else if (keyCode == WXK_F4 || (event.AltDown() && (keyCode == WXK_UP || keyCode == WXK_DOWN))) {
+        return false;
+    }
+    if (keyCode == WXK_F4 || (event.AltDown() && (keyCode == WXK_UP || keyCode == WXK_DOWN))) {
         isOpen() ? close() : open();
-    } else if (event.AltDown()) {
-        event.Skip();
-    } else if (isOpen() && keyCode == WXK_ESCAPE) {
+        return true;
+    }
+    return !event.AltDown() && ((isOpen() && pressListKey(event)) || pressEditKey(event));
+}
+
+/// A key that the open list alone knows. False if it is none. The box may be gone on return.
+bool ComboBox::pressListKey(const wxKeyEvent& event) {
+    const Optional<int> highlighted = _impl->model.getHighlighted();
+    switch (event.GetKeyCode()) {
+    case WXK_ESCAPE:
         close();
-    } else if (isOpen() && keyCode == WXK_TAB) {
+        return true;
+    case WXK_TAB:
         leave(event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
-    } else if (isOpen() && (keyCode == WXK_RETURN || keyCode == WXK_NUMPAD_ENTER)) {
-        if (_impl->model.getHighlighted() && _impl->model.getHighlighted() != getSelectedIndex()) {
-            choose(*_impl->model.getHighlighted());
-        } else {
-            close();
-        }
-    } else if (!pressEditKey(event)) {
-        event.Skip();
+        return true;
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+        highlighted&& highlighted != getSelectedIndex() ? choose(*highlighted) : close();
+        return true;
+    default:
+        return false;
     }
 }
 
