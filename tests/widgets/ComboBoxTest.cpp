@@ -26,11 +26,11 @@ protected:
     }
     void tell(const std::string& what) {
         log.push_back(what);
-        if (what.starts_with(destroyAt) && !destroyAt.empty()) {
+        if (!destroyAt.empty() && what.starts_with(destroyAt)) {
             box->Destroy();
         }
     }
-    /// A box at (40, 30) with so many rows. The log is what its grandparent and its callbacks hear.
+    /// A box between two others. The log is what its grandparent and its callbacks hear.
     void make(wxWindow& host, int count, int selected) {
         auto* const parent = new wxPanel(&host, wxID_ANY, wxPoint(0, 0), wxSize(500, 100));
         before = new ComboBox(parent, wxID_ANY, 60, {}, {}, true);
@@ -70,11 +70,12 @@ protected:
     static bool isHighlighted(int row) {
         return pumpUntil([row] { return pixelAt(capture(canvas()), 3, top(row)) == HIGHLIGHT_FRAME; });
     }
-
     void openByPress() {
+        frame().Raise();
+        settle();
         click(*box, middle(*box));
-        EXPECT_TRUE(pumpUntil([] { return list() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == list(); }))
-            << "the list did not come up";
+        const auto isUp = [] { return list() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == list(); };
+        EXPECT_TRUE(pumpUntil(isUp)) << "the list did not come up";
         settle();
         log.clear();
     }
@@ -84,12 +85,10 @@ protected:
     void turnWheel(wxWindow& window, int rotation) {
         wxMouseEvent event(wxEVT_MOUSEWHEEL);
         event.m_wheelRotation = rotation;
-        event.m_wheelDelta = 120;
-        event.SetEventObject(&window);
         window.ProcessWindowEvent(event);
     }
-    bool selects(Optional<int> row) {
-        return pumpUntil([&] { return box->getSelectedIndex() == row; });
+    static bool getsFocus(wxWindow* window) {
+        return pumpUntil([window] { return window->HasFocus(); });
     }
 
     wxWeakRef<ComboBox> box;
@@ -101,11 +100,9 @@ protected:
 
 using ComboBoxList = ComboBoxTest;
 using ComboBoxKeys = ComboBoxTest;
-using ComboBoxData = ComboBoxTest;
-using ComboBoxDestroyed = ComboBoxTest;
 
 TEST_F(ComboBoxList, OpensUnderTheBoxWithTheSelectionInView) {
-    make(panel(), 20, 19);
+    make(panel(), 0, 0);
     for (const auto& [count, selected, rows] : {std::tuple{20, 19, 17}, {3, 1, 3}}) {
         box->setData(makeRows(count));
         box->selectIndex(selected, false);
@@ -113,44 +110,31 @@ TEST_F(ComboBoxList, OpensUnderTheBoxWithTheSelectionInView) {
         EXPECT_EQ(list()->GetScreenRect().GetTopLeft(), box->GetScreenRect().GetBottomLeft() + wxPoint(0, 1));
         EXPECT_EQ(list()->GetSize().x, box->GetSize().x);
         EXPECT_EQ(canvas().GetClientSize().y, rows * rowHeight() + 2);
-        EXPECT_TRUE(isHighlighted(selected));
         EXPECT_EQ(top(0), 2 - (count - rows) * rowHeight());
-        EXPECT_TRUE(box->isInside(box->GetScreenPosition()));
-        EXPECT_TRUE(box->isInside(list()->GetScreenPosition()));
+        EXPECT_TRUE(isHighlighted(selected));
+        EXPECT_TRUE(box->isInside(box->GetScreenPosition()) && box->isInside(list()->GetScreenPosition()));
         box->close();
         EXPECT_FALSE(box->isInside(box->GetScreenRect().GetBottomLeft() + wxPoint(5, 9)));
-        EXPECT_TRUE(isClosed());
-        EXPECT_TRUE(pumpUntil([this] { return frame().IsActive() && box->HasFocus(); })) << "it has the focus again";
+        EXPECT_TRUE(isClosed() && getsFocus(box));
     }
-    const Bucket area = getMonitorRegionByWindow(&frame(), MonitorRegionType::WORK_AREA);
-    const wxPoint was = box->GetScreenPosition();
-    frame().Move(frame().GetPosition() + wxPoint(0, area.max.y - 40 - was.y));
-    EXPECT_TRUE(pumpUntil([&] { return box->GetScreenPosition() != was; }));
-    settle();
-    box->open();
-    EXPECT_TRUE(pumpUntil([] { return list() != nullptr; }));
-    settle();
-    EXPECT_EQ(list()->GetScreenRect().GetBottom(), box->GetScreenRect().GetTop() - 1) << "above, for want of room";
 }
 
-TEST_F(ComboBoxList, HighlightsTheRowUnderAMouseThatMovesAndChoosesTheOneThatIsClicked) {
+TEST_F(ComboBoxList, FollowsAMouseThatMovesAndChoosesTheRowThatIsClicked) {
     make(panel(), 40, -1);
     openByPress();
     EXPECT_FALSE(hasColour(capture(canvas()), HIGHLIGHT_FRAME)) << "nothing is selected";
-    movePointer(canvas(), inRow(4));
-    EXPECT_TRUE(isHighlighted(4));
-    movePointer(canvas(), inRow(5));
-    EXPECT_TRUE(isHighlighted(5));
+    for (const int row : {4, 5}) {
+        movePointer(canvas(), inRow(row));
+        EXPECT_TRUE(isHighlighted(row));
+    }
     turnWheel(canvas(), -120);
-    EXPECT_TRUE(isHighlighted(6));
     EXPECT_THAT(log, ElementsAre("event 6", "callback 1006"));
     for (int i = 0; i < 12; ++i) {
-        turnWheel(canvas(), -120);
+        turnWheel(*list(), -120);
     }
     settle();
     EXPECT_EQ(box->getSelectedIndex(), 18) << "rows that scroll under a still mouse do not take the highlight";
     EXPECT_TRUE(isHighlighted(18));
-    turnWheel(*list(), 120);
     log.clear();
     click(canvas(), inRow(7));
     EXPECT_TRUE(isClosed());
@@ -167,15 +151,11 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
         {"the window moves", [this] { frame().Move(frame().GetPosition() + wxPoint(7, 5)); }},
         {"it is disabled", [this] { box->Enable(false), box->Enable(true); }},
         {"Alt+Up", [this] { pressKey(WXK_UP, wxMOD_ALT); }},
-        {"Return", [this] { pressKey(WXK_RETURN); }},
         {"no rows are left", [this] { box->setData({}), box->setData(makeRows(5)), box->selectIndex(2, false); }},
         {"it is closed as a window", [] { list()->Close(); }},
     };
     for (const auto& [name, takeAway] : ways) {
         SCOPED_TRACE(name);
-        frame().Raise();
-        EXPECT_TRUE(pumpUntil([this] { return frame().IsActive(); }));
-        settle();
         openByPress();
         takeAway();
         EXPECT_TRUE(isClosed());
@@ -187,7 +167,6 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
     box->Enable(false);
     click(*box, middle(*box));
     turnWheel(*box, -120);
-    settle();
     EXPECT_FALSE(box->isOpen());
     EXPECT_EQ(box->getSelectedIndex(), 2);
 }
@@ -195,29 +174,22 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
 TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     make(panel(), 30, 0);
     for (const bool open : {false, true}) {
-        SCOPED_TRACE(open);
         box->selectIndex(0, false);
+        box->SetFocus();
+        EXPECT_TRUE(getsFocus(box));
+        log.clear();
         if (open) {
             openByPress();
-        } else {
-            box->SetFocus();
-            EXPECT_TRUE(pumpUntil([this] { return box->HasFocus(); }));
         }
-        log.clear();
-        for (const auto& [key, row] : {std::pair<int, int>{WXK_UP, 0},
-                                       {WXK_HOME, 0},
-                                       {WXK_DOWN, 1},
-                                       {WXK_END, 29},
-                                       {WXK_DOWN, 29},
-                                       {WXK_UP, 28},
-                                       {'7', 7}}) {
+        const std::pair<int, int> keys[] = {{WXK_UP, 0},    {WXK_HOME, 0}, {WXK_DOWN, 1}, {WXK_END, 29},
+                                            {WXK_DOWN, 29}, {WXK_UP, 28},  {'7', 7}};
+        for (const auto& [key, row] : keys) {
             pressKey(key);
-            EXPECT_TRUE(selects(row)) << key;
+            EXPECT_TRUE(pumpUntil([this, wanted = row] { return box->getSelectedIndex() == wanted; })) << key;
             EXPECT_TRUE(!open || isHighlighted(row)) << key;
         }
         pressKey(WXK_DOWN, wxMOD_CONTROL);
         settle();
-        EXPECT_EQ(box->getSelectedIndex(), 7) << "not with Ctrl";
         EXPECT_THAT(log, ElementsAre("event 1", "callback 1001", "event 29", "callback 1029", "event 28",
                                      "callback 1028", "event 7", "callback 1007"));
     }
@@ -226,76 +198,48 @@ TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     pressKey(WXK_RETURN);
     EXPECT_TRUE(isClosed());
     EXPECT_EQ(box->getSelectedIndex(), 9);
-    EXPECT_TRUE(pumpUntil([this] { return box->HasFocus(); }));
-    pressKey(WXK_F4);
-    EXPECT_TRUE(pumpUntil([] { return list() != nullptr; }));
 }
 
 TEST_F(ComboBoxKeys, TabGoesOnFromTheBoxAndFromTheList) {
     make(panel(), 5, 0);
     for (const bool open : {false, true}) {
         for (const bool backwards : {false, true}) {
-            frame().Raise();
-            EXPECT_TRUE(pumpUntil([this] { return frame().IsActive(); }));
             box->SetFocus();
-            EXPECT_TRUE(pumpUntil([this] { return box->HasFocus(); }));
+            EXPECT_TRUE(getsFocus(box));
             if (open) {
                 openByPress();
             }
             pressKey(WXK_TAB, backwards ? wxMOD_SHIFT : wxMOD_NONE);
-            ComboBox* const expected = backwards ? before : after;
-            EXPECT_TRUE(pumpUntil([expected] { return expected->HasFocus(); })) << open << backwards;
+            EXPECT_TRUE(getsFocus(backwards ? before : after)) << open << backwards;
             EXPECT_TRUE(isClosed());
         }
     }
 }
 
-TEST_F(ComboBoxData, IsTakenWhateverTheIndices) {
+TEST_F(ComboBoxTest, TakesAnyIndexAndReplacesRowsWhileItIsOpen) {
     make(panel(), 5, 3);
     box->selectId(4321, true);
     EXPECT_FALSE(box->getSelectedId());
-    for (const int index : {5, -2}) {
-        box->selectIndex(index, true);
-        EXPECT_FALSE(box->getSelectedIndex());
-    }
+    box->selectIndex(5, true);
+    EXPECT_FALSE(box->getSelectedIndex());
     EXPECT_THAT(log, IsEmpty());
     box->selectId(1002, true);
     box->selectIndex(4, true);
     EXPECT_THAT(log, ElementsAre("event 2", "callback 1002", "event 4", "callback 1004"));
     openByPress();
     box->setData(makeRows(2));
-    EXPECT_FALSE(box->getSelectedIndex());
-    EXPECT_EQ(box->getCount(), 2);
     EXPECT_TRUE(pumpUntil([] { return canvas().GetClientSize().y == 2 * rowHeight() + 2; }));
     pressKey(WXK_UP);
-    settle();
     EXPECT_FALSE(box->getSelectedIndex());
     box->setData({});
     EXPECT_TRUE(isClosed());
     box->open();
     EXPECT_FALSE(box->isOpen()) << "there is nothing to open";
-    const auto paint = [this](wxDC& dc) { box->paint(dc); };
-    box->setData(makeRows(1));
-    const auto paintTextPixel = [&] {
-        const wxImage picture = paintOffScreen(box->GetSize(), paint);
-        int brightest = 0;
-        for (int x = 2; x < scaleByDpi(20); ++x) {
-            for (int y = 3; y < picture.GetHeight() - 3; ++y) {
-                brightest = std::max(brightest, pixelAt(picture, x, y).red);
-            }
-        }
-        return brightest;
-    };
-    EXPECT_EQ(paintTextPixel(), 68);
-    box->selectIndex(0, false);
-    EXPECT_GT(paintTextPixel(), 120) << "the selected row's text";
-    for (const wxSize size : {wxSize(1, 1), wxSize(8, 3)}) {
-        box->SetSize(size);
-        paintOffScreen(size, paint);
-    }
+    box->SetSize(1, 1);
+    paintOffScreen(wxSize(1, 1), [this](wxDC& dc) { box->paint(dc); });
 }
 
-TEST_F(ComboBoxDestroyed, InAnyOfItsReports) {
+TEST_F(ComboBoxTest, MayBeDestroyedInAnyOfItsReports) {
     const auto choose = [this] { click(canvas(), inRow(1)); };
     const std::tuple<const char*, bool, std::function<void()>> ways[] = {
         {"event", true, choose},
@@ -306,13 +250,13 @@ TEST_F(ComboBoxDestroyed, InAnyOfItsReports) {
         {"event", true, [this] { pressKey(WXK_DOWN); }},
         {"callback", true, [this] { turnWheel(canvas(), -120); }},
         {"shown", false, [this] { click(*box, middle(*box)); }},
-        {"callback", false, [this] { turnWheel(*box, -120); }},
         {"", true, [this] { box->Destroy(); }},
+        {"", true, [this] { box->GetGrandParent()->Destroy(); }},
     };
     for (const auto& [event, open, act] : ways) {
         SCOPED_TRACE(event);
-        auto* const host = new wxPanel(&panel(), wxID_ANY, wxPoint(0, 0), wxSize(500, 300));
-        make(*host, 5, 0);
+        panel().DestroyChildren();
+        make(*new wxPanel(&panel(), wxID_ANY, wxPoint(0, 0), wxSize(500, 300)), 5, 0);
         if (open) {
             openByPress();
         }
@@ -321,23 +265,6 @@ TEST_F(ComboBoxDestroyed, InAnyOfItsReports) {
         EXPECT_TRUE(pumpUntil([this] { return !box; }));
         EXPECT_TRUE(isClosed());
         destroyAt.clear();
-        host->Destroy();
-        settle();
-    }
-    for (const bool atOnce : {false, true}) {
-        auto* const owner = new wxFrame(nullptr, wxID_ANY, "Owner", wxPoint(300, 300), wxSize(600, 200));
-        make(*new wxPanel(owner), 5, 0);
-        owner->Show();
-        EXPECT_TRUE(pumpUntil([owner] { return owner->IsActive(); }));
-        settle();
-        openByPress();
-        if (atOnce) {
-            delete owner;
-        } else {
-            owner->Close();
-        }
-        EXPECT_TRUE(pumpUntil([this] { return !box; }));
-        EXPECT_TRUE(isClosed());
     }
 }
 
