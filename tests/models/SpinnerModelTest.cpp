@@ -23,19 +23,11 @@ SpinnerNumber makeNumber(const SpinnerLimits& limits, int precision, float value
     return number;
 }
 
-TEST(SpinnerFormat, KeepsOneOfSeveralZeros) {
-    using Case = std::tuple<float, int, wchar_t, const char*>;
-    const Case cases[] = {{2.5F, 3, L'.', "2.50"}, {1, 3, L'.', "1.0"},     {10, 3, L'.', "10.0"},
-                          {0, 1, L'.', "0.0"},     {-1, 5, L',', "-1,0"},   {1.25F, 2, L',', "1,25"},
-                          {100, 0, L'.', "100"},   {100, 2, L'.', "100.0"}, {1e-6F, 8, L'.', "0.0000010"}};
-    for (const auto& [value, decimals, point, expected] : cases) {
-        EXPECT_EQ(formatSpinnerNumber(value, decimals, point).toUtf8(), expected);
-    }
-}
-
 TEST(SpinnerValue, IsWithinItsLimitsAndTheOneThatIsShown) {
     using Case = std::tuple<float, float, int, float, float, const char*>;
-    const Case cases[] = {{0, 10, 2, 11, 10, "10.0"},
+    const Case cases[] = {{0, 10, 3, 11, 10, "10.0"},
+                          {0, 10, 3, 2.5F, 2.5F, "2.50"},
+                          {0, 100, 0, 100, 100, "100"},
                           {0, 10, 2, -1, 0, "0.0"},
                           {0, 10, 2, 1.23456F, 1.23F, "1.23"},
                           {0, 10, 0, 2.5F, 2, "2"},
@@ -49,6 +41,7 @@ TEST(SpinnerValue, IsWithinItsLimitsAndTheOneThatIsShown) {
                           {-INF, INF, 0, INF, LARGEST, "340282346638528859811704183484516925440"},
                           {NOT_A_NUMBER, NOT_A_NUMBER, 0, -INF, -LARGEST, "-340282346638528859811704183484516925440"},
                           {0, 0.999F, 2, 5, 0.999F, "1.0"}};
+    EXPECT_EQ(formatSpinnerNumber(-1.25F, 5, L',').toUtf8(), "-1,250");
     for (const auto& [min, max, precision, set, value, text] : cases) {
         const SpinnerNumber number = makeNumber({min, max, 0, 0}, precision, set);
         EXPECT_EQ(number.getValue(), value) << text;

@@ -10,7 +10,6 @@ namespace Ostrel::Wx {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr PixelColour HIGHLIGHT_FRAME{0, 114, 188};
 
@@ -112,9 +111,10 @@ TEST_F(ComboBoxList, OpensUnderTheBoxWithTheSelectionInView) {
         EXPECT_EQ(canvas().GetClientSize().y, rows * rowHeight() + 2);
         EXPECT_EQ(top(0), 2 - (count - rows) * rowHeight());
         EXPECT_TRUE(isHighlighted(selected));
-        EXPECT_TRUE(box->isInside(box->GetScreenPosition()) && box->isInside(list()->GetScreenPosition()));
+        const wxPoint inList = list()->GetScreenPosition();
+        EXPECT_TRUE(box->isInside(box->GetScreenPosition()) && box->isInside(inList));
         box->close();
-        EXPECT_FALSE(box->isInside(box->GetScreenRect().GetBottomLeft() + wxPoint(5, 9)));
+        EXPECT_FALSE(box->isInside(inList));
         EXPECT_TRUE(isClosed() && getsFocus(box));
     }
 }
@@ -151,7 +151,6 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
         {"the window moves", [this] { frame().Move(frame().GetPosition() + wxPoint(7, 5)); }},
         {"it is disabled", [this] { box->Enable(false), box->Enable(true); }},
         {"Alt+Up", [this] { pressKey(WXK_UP, wxMOD_ALT); }},
-        {"no rows are left", [this] { box->setData({}), box->setData(makeRows(5)), box->selectIndex(2, false); }},
         {"it is closed as a window", [] { list()->Close(); }},
     };
     for (const auto& [name, takeAway] : ways) {
@@ -216,27 +215,21 @@ TEST_F(ComboBoxKeys, TabGoesOnFromTheBoxAndFromTheList) {
     }
 }
 
-TEST_F(ComboBoxTest, TakesAnyIndexAndReplacesRowsWhileItIsOpen) {
+TEST_F(ComboBoxTest, TellsOfRowsAloneAndReplacesThemWhileItIsOpen) {
     make(panel(), 5, 3);
     box->selectId(4321, true);
-    EXPECT_FALSE(box->getSelectedId());
     box->selectIndex(5, true);
     EXPECT_FALSE(box->getSelectedIndex());
-    EXPECT_THAT(log, IsEmpty());
-    box->selectId(1002, true);
     box->selectIndex(4, true);
-    EXPECT_THAT(log, ElementsAre("event 2", "callback 1002", "event 4", "callback 1004"));
+    EXPECT_THAT(log, ElementsAre("event 4", "callback 1004"));
     openByPress();
     box->setData(makeRows(2));
     EXPECT_TRUE(pumpUntil([] { return canvas().GetClientSize().y == 2 * rowHeight() + 2; }));
-    pressKey(WXK_UP);
-    EXPECT_FALSE(box->getSelectedIndex());
+    EXPECT_FALSE(box->getSelectedId());
     box->setData({});
     EXPECT_TRUE(isClosed());
     box->open();
     EXPECT_FALSE(box->isOpen()) << "there is nothing to open";
-    box->SetSize(1, 1);
-    paintOffScreen(wxSize(1, 1), [this](wxDC& dc) { box->paint(dc); });
 }
 
 TEST_F(ComboBoxTest, MayBeDestroyedInAnyOfItsReports) {
@@ -246,7 +239,6 @@ TEST_F(ComboBoxTest, MayBeDestroyedInAnyOfItsReports) {
         {"callback", true, choose},
         {"hidden", true, choose},
         {"hidden", true, [this] { pressKey(WXK_TAB); }},
-        {"hidden", true, [this] { click(*box, middle(*box)); }},
         {"event", true, [this] { pressKey(WXK_DOWN); }},
         {"callback", true, [this] { turnWheel(canvas(), -120); }},
         {"shown", false, [this] { click(*box, middle(*box)); }},
