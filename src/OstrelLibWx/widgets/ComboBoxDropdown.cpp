@@ -140,6 +140,14 @@ ComboBoxDropdown::ComboBoxDropdown(ComboBox& box, ComboBoxModel& model, const Gu
     sizer->Add(_canvas, 1, wxEXPAND | wxALL, _ownFrame);
     SetSizer(sizer);
     applySkin(skin);
+    if (_ownFrame > 0) {
+        Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+            const wxColour frame(37, 37, 37);
+            wxPaintDC dc(this);
+            const wxSize size = GetClientSize();
+            drawPixelFrame(dc, {{0, 0}, {size.x, size.y}}, frame);
+        });
+    }
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         event.Skip(_box == nullptr);
         if (_box != nullptr) {
@@ -212,9 +220,7 @@ void ComboBoxDropdown::refreshRows() {
 
 void ComboBoxDropdown::applySkin(const GuiSkin& skin) {
     _skin = skin;
-    const wxColour frame(54, 54, 54);
-    // Without a frame of the system's, this is one.
-    SetBackgroundColour(_ownFrame > 0 ? frame : toWxColour(skin.background));
+    SetBackgroundColour(toWxColour(skin.background));
     _canvas->Refresh();
     Refresh();
 }
