@@ -187,7 +187,10 @@ void ComboBoxDropdown::layOut() {
 
 void ComboBoxDropdown::present() {
     _canvas->ignoreStillMouse();
-    setOwnerFromNativeHandle(getWindowNativeHandle(this), getWindowNativeHandle(wxGetTopLevelParent(_box)));
+    const WindowHandle owner = getWindowNativeHandle(wxGetTopLevelParent(_box));
+    if (owner != std::exchange(_owner, owner)) {
+        setOwnerFromNativeHandle(getWindowNativeHandle(this), owner); // waits for the window system
+    }
     _watch.start(*_box);
     Show();
     Raise();

@@ -43,6 +43,7 @@ private:
     Canvas* _canvas = nullptr;
     int _ownFrame;        ///< width of the frame that the window paints itself where the system gives it none, pixels
     int _shownHeight = 0; ///< of the canvas, pixels
+    WindowHandle _owner;  ///< the box's top-level window, when the list was shown last
     DropdownWatch _watch;
 };
 
