@@ -52,8 +52,11 @@ install_packages() {
 # A Wine prefix for these programs alone: quiet, without the parts that would be downloaded.
 # OSTREL_WINE_DPI picks one made for that many dots per inch; they can be used at the same time.
 OSTREL_PREFIX_VERSION=1
+# A Wine system belongs to one screen: programs on two screens would share the clipboard, the focus and the desktop.
 wine_environment() {
-    export WINEPREFIX=$cache/wine-${OSTREL_WINE_DPI:-96} WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+    local screen=${DISPLAY:-:0}
+    screen=${screen#*:}
+    export WINEPREFIX=$cache/wine-${OSTREL_WINE_DPI:-96}-${screen%%.*} WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
     export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
     # The plain program: the distribution's wrapper only adds a complaint that 32-bit programs would not run.
     wine=/usr/lib/wine/wine64
