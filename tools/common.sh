@@ -51,7 +51,7 @@ install_packages() {
 
 # A Wine prefix for these programs alone: quiet, without the parts that would be downloaded.
 # OSTREL_WINE_DPI picks one made for that many dots per inch; they can be used at the same time.
-OSTREL_PREFIX_VERSION=1
+OSTREL_PREFIX_VERSION=2
 # A Wine system belongs to one screen: programs on two screens would share the clipboard, the focus and the desktop.
 wine_environment() {
     local screen=${DISPLAY:-:0}

@@ -63,6 +63,17 @@ void WidgetTest::settle() {
     pump();
 }
 
+void WidgetTest::waitForRest(const wxWindow& window) {
+    constexpr int ROUNDS = 3;
+    int round = 0;
+    EXPECT_TRUE(pumpUntil([&window, &round] {
+        const wxRect before = window.GetScreenRect();
+        settle();
+        round = window.GetScreenRect() == before ? round + 1 : 0;
+        return round == ROUNDS;
+    })) << "the window did not come to rest";
+}
+
 wxPoint WidgetTest::onScreen(const wxWindow& window, wxPoint point) {
     return window.ClientToScreen(point);
 }

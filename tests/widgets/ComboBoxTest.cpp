@@ -71,7 +71,7 @@ protected:
     }
     void openByPress() {
         frame().Raise();
-        settle();
+        waitForRest(*box);
         click(*box, middle(*box));
         const auto isUp = [] { return list() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == list(); };
         EXPECT_TRUE(pumpUntil(isUp)) << "the list did not come up";

@@ -60,6 +60,7 @@ protected:
     }
 
     void openByClick() {
+        waitForRest(*button);
         click(*button, middle(*button));
         EXPECT_TRUE(pumpUntil([] { return popup() != nullptr && static_cast<wxTopLevelWindow*>(popup())->IsActive(); }))
             << "the row did not come up";
@@ -108,7 +109,7 @@ TEST_F(DropdownRowOnScreen, IsUnderTheButtonAndItsEntriesHaveTheirSize) {
     const wxPoint button0 = button->GetScreenPosition();
     frame().Move(before + wxPoint(workArea.max.x - 30 - button0.x, workArea.max.y - 30 - button0.y));
     EXPECT_TRUE(pumpUntil([&] { return button->GetScreenPosition() != button0; }));
-    settle();
+    waitForRest(*button);
     button->open();
     EXPECT_TRUE(pumpUntil([] { return popup() != nullptr; }));
     settle();

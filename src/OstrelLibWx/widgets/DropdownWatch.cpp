@@ -7,6 +7,18 @@
 
 namespace Ostrel::Wx {
 
+namespace {
+
+/// After opening. Nobody goes elsewhere without a button of the mouse so soon.
+constexpr long SETTLING_MS = 150;
+
+bool isMouseDown() {
+    const wxMouseState mouse = wxGetMouseState();
+    return mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
+}
+
+} // namespace
+
 DropdownWatch::DropdownWatch(wxTopLevelWindow& dropdown, Function<void()> close)
     : _dropdown(dropdown)
     , _close(std::move(close)) {
@@ -21,6 +33,7 @@ void DropdownWatch::start(wxWindow& anchor) {
     _anchorRect = anchor.GetScreenRect();
     _closing = {};
     _active = false;
+    _sinceOpened.Start();
     watchOwner(*wxGetTopLevelParent(&anchor));
     _timer.Start(DROPDOWN_CHECK_MS);
 }
@@ -53,8 +66,30 @@ void DropdownWatch::onActivate(wxActivateEvent& event) {
     const bool wasActive = std::exchange(_active, event.GetActive());
     if (event.GetActive()) {
         _closing.focusGained();
-    } else if (wasActive && _anchor != nullptr &&
-               _closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
+    } else if (wasActive && _anchor != nullptr) {
+        if (_sinceOpened.Time() < SETTLING_MS && !isMouseDown()) {
+            CallAfter(&DropdownWatch::settle); // when it is known who has the focus now
+        } else {
+            loseFocus();
+        }
+    }
+}
+
+/// The owner has only just come up itself, and a window manager that is late gives it the focus back: not meant.
+void DropdownWatch::settle() {
+    if (_anchor == nullptr || _active) {
+        return;
+    }
+    auto* const owner = wxDynamicCast(_owner.get(), wxTopLevelWindow);
+    if (owner != nullptr && owner->IsActive()) {
+        _dropdown.Raise();
+    } else {
+        loseFocus();
+    }
+}
+
+void DropdownWatch::loseFocus() {
+    if (_closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
         _close();
     }
 }

@@ -6,6 +6,7 @@
 
 #include <wx/event.h>
 #include <wx/gdicmn.h>
+#include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
@@ -29,6 +30,8 @@ public:
 
 private:
     void onActivate(wxActivateEvent& event);
+    void settle();
+    void loseFocus();
     void onOwnerMoved(wxMoveEvent& event);
     void onOwnerShown(wxShowEvent& event);
     void onOwnerIconized(wxIconizeEvent& event);
@@ -41,6 +44,7 @@ private:
     wxWeakRef<wxWindow> _owner;  ///< the anchor's top-level window
     wxRect _anchorRect;          ///< on the screen, when the dropdown opened
     bool _active = false;        ///< the dropdown has had the focus since it opened, and has it still
+    wxStopWatch _sinceOpened;
     DropdownClosing _closing;
     wxTimer _timer;
 };
