@@ -29,8 +29,8 @@ public:
     /// Waits until what has been asked of the window system so far has been done and told back.
     static void settle();
 
-    /// Waits until the window has stayed where it is while the window system answered: one that has only just been shown
-    /// or moved may be moved again by a window manager that is late.
+    /// Waits until the window has stayed where it is while the window system answered: one that has only just been
+    /// shown or moved may be moved again by a window manager that is late.
     static void waitForRest(const wxWindow& window);
 
     /// Where `point`, in client coordinates of `window`, lies on the screen.

@@ -9,8 +9,9 @@ namespace Ostrel::Wx {
 
 namespace {
 
-/// After opening. Nobody goes elsewhere without a button of the mouse so soon.
-constexpr long SETTLING_MS = 150;
+/// After opening, while a window manager may still be busy with the windows. Nobody goes elsewhere without a button of
+/// the mouse so soon.
+constexpr long SETTLING_MS = 300;
 
 bool isMouseDown() {
     const wxMouseState mouse = wxGetMouseState();
@@ -24,6 +25,7 @@ DropdownWatch::DropdownWatch(wxTopLevelWindow& dropdown, Function<void()> close)
     , _close(std::move(close)) {
     // The toolkit takes the bindings away again when either side is destroyed.
     _dropdown.Bind(wxEVT_ACTIVATE, &DropdownWatch::onActivate, this);
+    _dropdown.Bind(wxEVT_MOVE, &DropdownWatch::onMoved, this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { check(); });
     _timer.SetOwner(this);
 }
@@ -32,6 +34,7 @@ void DropdownWatch::start(wxWindow& anchor) {
     _anchor = &anchor;
     _anchorRect = anchor.GetScreenRect();
     _closing = {};
+    _place = _dropdown.GetPosition();
     _active = false;
     _sinceOpened.Start();
     watchOwner(*wxGetTopLevelParent(&anchor));
@@ -92,6 +95,16 @@ void DropdownWatch::loseFocus() {
     if (_closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
         _close();
     }
+}
+
+/// A window manager that takes the window in may report it somewhere else at first, and Wine believes that for good.
+void DropdownWatch::onMoved(wxMoveEvent& event) {
+    event.Skip();
+    CallAfter([this] {
+        if (_anchor != nullptr && _sinceOpened.Time() < SETTLING_MS && _dropdown.GetPosition() != _place) {
+            _dropdown.SetPosition(_place);
+        }
+    });
 }
 
 void DropdownWatch::onOwnerMoved(wxMoveEvent& event) {

@@ -22,7 +22,8 @@ public:
     /// Both outlive the watch. `close` is called again until it stops the watch; it may destroy what it likes.
     DropdownWatch(wxTopLevelWindow& dropdown, Function<void()> close);
 
-    /// The dropdown is about to be shown for `anchor`, the window that a click on opens and closes it.
+    /// The dropdown is about to be shown, where it is now, for `anchor`, the window that a click on opens and closes
+    /// it.
     void start(wxWindow& anchor);
 
     /// The dropdown is closed; nothing happens any more.
@@ -30,6 +31,7 @@ public:
 
 private:
     void onActivate(wxActivateEvent& event);
+    void onMoved(wxMoveEvent& event);
     void settle();
     void loseFocus();
     void onOwnerMoved(wxMoveEvent& event);
@@ -43,6 +45,7 @@ private:
     wxWindow* _anchor = nullptr; ///< null while stopped
     wxWeakRef<wxWindow> _owner;  ///< the anchor's top-level window
     wxRect _anchorRect;          ///< on the screen, when the dropdown opened
+    wxPoint _place;              ///< of the dropdown
     bool _active = false;        ///< the dropdown has had the focus since it opened, and has it still
     wxStopWatch _sinceOpened;
     DropdownClosing _closing;
