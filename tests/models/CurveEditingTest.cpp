@@ -83,7 +83,7 @@ TEST(CurvePress, AddsAPointOnTheCurveUpToTwelvePixelsAway) {
     play(flat, {{PRESS, {105, 116}, true, "0,0.5 [0.5,0.5] 1,0.5"}});
     play(flat, {{PRESS, {105, 93}, true, "0,0.5 0.5,0.5 1,0.5"}}); // added, but too far away to be hit
     play(flat, {{PRESS, {105, 92}, false, "0,0.5 1,0.5"}, // leaves the limits at 0: only the left edge adds a point
-                {DRAG, {105, 105}, false, "0,0.5 1,0.5"},
+                {DRAG, {105, 105}, true, "0,0.5 1,0.5"},  // reports all the same
                 {DRAG, {3, 55}, true, "0,0.5 [0,0.75] 1,0.5"}});
 }
 
@@ -136,12 +136,31 @@ TEST(CurvePick, PressesAtTheValueOfTheSelectedChannelAndMovesUpAndDownAlone) {
 
 TEST(CurveChanges, AreToldAtOnceOrHeldBackOncePerChannel) {
     CurveEditing editing = makeEditing({});
-    const CurveChannel channels[] = {BLUE, MASTER};
-    EXPECT_EQ(editing.mergeChanges(channels, 100), 100);
-    EXPECT_EQ(editing.mergeChanges({}, -1), std::nullopt) << "what was held back goes along";
+    const auto change = [&editing](CurveChannel channel, std::int64_t delay, std::int64_t now) {
+        editing.mergeChanges({&channel, 1}, delay, now);
+        return editing.getWait(now);
+    };
+    EXPECT_EQ(change(BLUE, 100, 1000), 100);
+    EXPECT_EQ(change(MASTER, 100, 1050), 100);
+    EXPECT_EQ(editing.getWait(1100), 50) << "what came halfway puts it off";
+    EXPECT_EQ(editing.getWait(1150), 0);
+    EXPECT_EQ(change(BLUE, 1LL << 62, 1150), 0x7FFFFFFF);
+    EXPECT_EQ(change(BLUE, -1, 1160), 0) << "what was held back goes along";
     EXPECT_EQ(editing.takePendingChannel(), MASTER);
     EXPECT_EQ(editing.takePendingChannel(), BLUE);
-    EXPECT_EQ(editing.takePendingChannel(), std::nullopt);
+    EXPECT_EQ(editing.getWait(1160), std::nullopt);
+}
+
+TEST(CurveZoom, GoesFiveStepsEachWayAndOutwardsWithoutARotation) {
+    const std::tuple<int, int, float> cases[] = {{1, 1, 1.5F},       {240, 5, 7.59375F}, {120, 6, 7.59375F},
+                                                 {0, 1, 0.6666667F}, {0, 5, 0.1316873F}, {-1, 6, 0.13168724F}};
+    for (const auto& [rotation, steps, zoom] : cases) {
+        CurveEditing editing = makeEditing({});
+        for (int i = 0; i < steps; ++i) {
+            editing.zoom(rotation);
+        }
+        EXPECT_FLOAT_EQ(editing.getPlot().zoom, zoom) << rotation << ", " << steps << " times";
+    }
 }
 
 TEST(HistogramColumns, AreSharesOfTheHeightInThreeWays) {

@@ -38,7 +38,7 @@ public:
     /// The colour of the picture at a place that the host has given to `ICurvePanelController::beginPick`, or nothing.
     virtual Optional<Rgb> getPixelColor(Pixel pixel) = 0;
 
-    /// A curve has changed.
+    /// A curve has changed, or a drag has gone on, be it without effect.
     /// @param curve the panel's own: valid until the panel is changed or destroyed
     virtual void onCurveChanged(CurveChannel channel, const Curve& curve) = 0;
 
@@ -153,6 +153,7 @@ private:
     // These tell the host, which may destroy the panel.
     void applyEdit(bool changed);
     void reportChanges(ArrayView<const CurveChannel> channels);
+    void reportWhenDue();
     void reportPendingChanges();
 
     AutoPtr<Impl> _impl;

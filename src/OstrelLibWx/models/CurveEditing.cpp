@@ -23,6 +23,9 @@ constexpr float LARGEST_ZOOM = 7.59375F;
 
 constexpr float ONE_THIRD = 0.33333334F;
 
+/// In milliseconds: what a timer can count.
+constexpr std::int64_t LONGEST_DELAY = std::numeric_limits<int>::max();
+
 std::int64_t squaredDistance(Pixel a, Pixel b) noexcept {
     const Pixel offset = a - b;
     return std::int64_t{offset.x} * offset.x + std::int64_t{offset.y} * offset.y;
@@ -126,11 +129,10 @@ bool CurveEditing::drag(Pixel pixel) {
     const CurvePoint point = _plot.toPoint(place);
     if (!_dragPoint) {
         // After a press that selected nothing the limits are both 0, so that only x = 0 adds a point; this is meant.
-        if (!isInDragRange(point.x)) {
-            return false;
+        if (isInDragRange(point.x)) {
+            insertPoint(point, place);
         }
-        insertPoint(point, place);
-        return true;
+        return true; // every step counts as a change, also one that leaves all as it was; this is meant
     }
     const std::size_t index = *_dragPoint;
     if (index == 0 || index + 1 == getCurve().getPoints().size()) {
@@ -183,14 +185,18 @@ Optional<CurvePoint> CurveEditing::getHoverPoint() const noexcept {
     return _dragging ? Optional<CurvePoint>() : _hoverPoint;
 }
 
-Optional<int> CurveEditing::mergeChanges(ArrayView<const CurveChannel> channels, std::int64_t delay) {
+void CurveEditing::mergeChanges(ArrayView<const CurveChannel> channels, std::int64_t delay, std::int64_t now) {
     for (const CurveChannel channel : channels) {
         _pendingChannels.set(static_cast<std::size_t>(channel));
     }
-    if (delay <= 0) {
+    _tellAt = now + std::clamp(delay, std::int64_t{0}, LONGEST_DELAY);
+}
+
+Optional<int> CurveEditing::getWait(std::int64_t now) const noexcept {
+    if (_pendingChannels.none()) {
         return {};
     }
-    return static_cast<int>(std::min<std::int64_t>(delay, std::numeric_limits<int>::max()));
+    return static_cast<int>(std::clamp(_tellAt - now, std::int64_t{0}, LONGEST_DELAY));
 }
 
 Optional<CurveChannel> CurveEditing::takePendingChannel() noexcept {
@@ -210,6 +216,12 @@ bool CurveEditing::setClientSize(Pixel size) noexcept {
 
 void CurveEditing::zoom(int wheelRotation) noexcept {
     _plot.zoom = std::clamp(_plot.zoom * (wheelRotation >= 1 ? ZOOM_IN : ZOOM_OUT), LEAST_ZOOM, LARGEST_ZOOM);
+}
+
+bool CurveEditing::setHistogram(Histogram histogram) {
+    const bool isAnother = histogram != _histogram;
+    _histogram = std::move(histogram);
+    return isAnother;
 }
 
 void CurveEditing::setHistogramType(HistogramType type) {

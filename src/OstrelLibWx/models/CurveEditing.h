@@ -42,10 +42,10 @@ public:
     /// colour that is not finite is nowhere.
     bool pick(const Rgb& colour);
 
-    /// Moves the selected point, during a drag alone. The pixel is clamped to the plot.
+    /// Moves the selected point, during a drag alone, and then always a change. The pixel is clamped to the plot.
     bool drag(Pixel pixel);
 
-    /// The same, as far up or down as that: downwards is positive.
+    /// The same, as far up or down as that: downwards is positive. Without a selected point, nothing.
     bool dragVertically(int distance);
 
     /// Ends the drag, in whichever way.
@@ -64,11 +64,14 @@ public:
     /// The place on the curve that is marked.
     [[nodiscard]] Optional<CurvePoint> getHoverPoint() const noexcept;
 
-    // Telling of changes
+    // Telling of changes. `now` is a clock in milliseconds that only goes forward.
 
-    /// Adds to the channels whose change is yet to be told.
-    /// @return the milliseconds to wait before telling, counted anew from now; nothing: tell at once
-    Optional<int> mergeChanges(ArrayView<const CurveChannel> channels, std::int64_t delay);
+    /// Adds to the channels whose change is yet to be told. All of them are due so many milliseconds from now, at once
+    /// with 0 or less: each change of a burst puts the telling off.
+    void mergeChanges(ArrayView<const CurveChannel> channels, std::int64_t delay, std::int64_t now);
+
+    /// How many milliseconds are left before changes are to be told; 0: they are due; nothing: there are none.
+    [[nodiscard]] Optional<int> getWait(std::int64_t now) const noexcept;
 
     /// The first channel whose change is yet to be told, which counts as told from now on. One at a time: being told
     /// may lead to further changes.
@@ -85,7 +88,9 @@ public:
     void zoom(int wheelRotation) noexcept;
 
     [[nodiscard]] const Histogram& getHistogram() const noexcept { return _histogram; }
-    void setHistogram(Histogram histogram) { _histogram = std::move(histogram); }
+
+    /// True if it is another one.
+    bool setHistogram(Histogram histogram);
     [[nodiscard]] HistogramType getHistogramType() const noexcept { return _histogramType; }
 
     /// Stop exception ("widgets/CurvePanel", line 146) for a value that is no type.
@@ -101,6 +106,7 @@ private:
     ColorCurve _curves;
     CurveChannel _selectedChannel = CurveChannel::MASTER;
     std::bitset<CURVE_CHANNEL_COUNT> _pendingChannels;
+    std::int64_t _tellAt = 0; ///< when they are due
     Optional<std::size_t> _dragPoint;
     float _dragMinX = 0.0F;
     float _dragMaxX = 0.0F;

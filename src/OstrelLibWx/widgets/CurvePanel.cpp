@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace Ostrel::Wx {
 
@@ -35,6 +36,11 @@ SharedPtr<ICurvePanelCallbacks> require(SharedPtr<ICurvePanelCallbacks> callback
         Detail::throwStopException("widgets/CurvePanel", __LINE__);
     }
     return callbacks;
+}
+
+std::int64_t getMilliseconds() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 Pixel toPixel(wxPoint point) {
@@ -134,6 +140,7 @@ CurveChannel CurvePanel::getSelectedCurveChannel() const {
 
 void CurvePanel::setHistogramType(HistogramType type) {
     _impl->editing.setHistogramType(type);
+    refreshAll();
     updateHistogram();
 }
 
@@ -145,8 +152,10 @@ void CurvePanel::updateHistogram() {
     Histogram histogram =
         callbacks->getHistogram({0.0F, 1.0F / plot.zoom}, editing.getSelectedChannel(), std::max(plot.size.x, 0));
     if (self) {
-        _impl->editing.setHistogram(std::move(histogram));
-        refreshAll();
+        if (_impl->editing.setHistogram(std::move(histogram))) {
+            _impl->painting.forgetAll();
+        }
+        Refresh();
     }
 }
 
@@ -248,7 +257,7 @@ void CurvePanel::onMouseMove(wxMouseEvent& event) {
 
 void CurvePanel::onTimer(wxTimerEvent& event) {
     if (event.GetId() == CHANGE_TIMER_ID) {
-        reportPendingChanges();
+        reportWhenDue();
     } else if (event.GetId() == HISTOGRAM_TIMER_ID) {
         updateHistogram();
     }
@@ -256,6 +265,7 @@ void CurvePanel::onTimer(wxTimerEvent& event) {
 
 void CurvePanel::onMouseWheel(wxMouseEvent& event) {
     _impl->editing.zoom(event.GetWheelRotation());
+    refreshAll();
     updateHistogram();
 }
 
@@ -272,7 +282,11 @@ void CurvePanel::onCaptureLost(wxMouseCaptureLostEvent&) {
 
 bool CurvePanel::followSize() {
     const wxSize size = GetClientSize();
-    return _impl->editing.setClientSize({size.x, size.y});
+    const bool isAnother = _impl->editing.setClientSize({size.x, size.y});
+    if (isAnother) {
+        refreshAll();
+    }
+    return isAnother;
 }
 
 void CurvePanel::endDrag() {
@@ -309,10 +323,18 @@ void CurvePanel::reportChanges(ArrayView<const CurveChannel> channels) {
     const wxWeakRef<CurvePanel> self(this);
     const SharedPtr<ICurvePanelCallbacks> callbacks = _impl->callbacks;
     const std::int64_t delay = callbacks->getChangeDelay();
-    if (!self) {
+    if (self) {
+        _impl->editing.mergeChanges(channels, delay, getMilliseconds());
+        reportWhenDue();
+    }
+}
+
+void CurvePanel::reportWhenDue() {
+    const Optional<int> wait = _impl->editing.getWait(getMilliseconds());
+    if (!wait) {
         return;
     }
-    if (const Optional<int> wait = _impl->editing.mergeChanges(channels, delay)) {
+    if (*wait > 0) {
         _impl->changeTimer.StartOnce(*wait);
     } else {
         reportPendingChanges();
