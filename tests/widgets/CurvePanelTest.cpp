@@ -6,6 +6,7 @@
 #include "support/WidgetTest.h"
 
 #include <gmock/gmock.h>
+#include <wx/dcscreen.h>
 #include <wx/weakref.h>
 
 #include <cstring>
@@ -78,20 +79,25 @@ protected:
         EXPECT_TRUE(pumpUntil([this] { return curves->HasCapture(); })) << "the press did not arrive";
         movePointer(*curves, to);
     }
+    /// The panel's picture, which keeps to the panel's place in a larger bitmap and is the same when painted anew.
     wxImage picture() {
-        const auto paint = [this](wxDC& dc) { curves->paint(dc); };
-        const wxImage seen = paintOffScreen(curves->GetSize(), paint, *wxCYAN);
+        const wxRect place({20, 20}, curves->GetSize());
+        const auto paint = [&](wxDC& dc) { dc.SetDeviceOrigin(place.x, place.y), curves->paint(dc); };
+        wxImage seen = paintOffScreen(place.GetSize() + wxSize(40, 40), paint, *wxCYAN);
         curves->setSelectedCurve(curves->getSelectedCurveChannel()); // forgets all that is kept
-        const wxImage fresh = paintOffScreen(curves->GetSize(), paint, *wxCYAN);
-        EXPECT_EQ(std::memcmp(seen.GetData(), fresh.GetData(), 3u * unsigned(seen.GetWidth() * seen.GetHeight())), 0);
-        return seen;
+        const wxImage fresh = paintOffScreen(seen.GetSize(), paint, *wxCYAN);
+        const auto size = static_cast<std::size_t>(3 * seen.GetWidth() * seen.GetHeight());
+        EXPECT_EQ(std::memcmp(seen.GetData(), fresh.GetData(), size), 0);
+        seen.SetRGB(place, 0, 255, 255);
+        EXPECT_EQ(std::memcmp(seen.GetData(), seen.GetData() + 3, size - 3), 0) << "not all beside it is as it was";
+        return fresh.GetSubImage(place);
     }
     /// What the picture shows at these places, counted as for `at`: a letter for each, '?' for no colour that is known.
-    std::string look(const std::vector<std::pair<int, int>>& places) {
+    std::string look(const std::vector<std::pair<int, int>>& places) { return look(places, picture()); }
+    static std::string look(const std::vector<std::pair<int, int>>& places, const wxImage& image) {
         const std::pair<char, PixelColour> known[] = {
             {'m', {68, 68, 68}},    {'p', {60, 60, 60}}, {'#', {120, 120, 120}}, {'b', {170, 170, 170}},
             {'r', {220, 100, 100}}, {'K', {0, 0, 0}},    {'R', {255, 0, 0}},     {'W', {255, 255, 255}}};
-        const wxImage image = picture();
         std::string seen;
         for (const auto& [right, up] : places) {
             const auto [red, green, blue] = pixelAt(image, at(right, up).x, at(right, up).y);
@@ -158,43 +164,27 @@ TEST_F(CurvePanelWindow, AsksForTheHistogramOfWhatIsShown) {
         {[this] { curves->setSelectedCurve(GREEN), curves->updateHistogram(); }, "histogram 1.00 2 60"},
         {[this] { curves->setHistogramType(HistogramType::CUMULATIVE); }, "histogram 1.00 2 60"},
         {[this] { turnWheel(1); }, "histogram 0.67 2 60"},
-        {[this] {
-             curves->resize({1, 9});
-         },
-         "histogram 0.67 2 0"}};
+        {[this] { curves->resize(withMargins(-9, -1)); }, "histogram 0.67 2 0"}};
     for (const auto& [step, asked] : steps) {
         step();
         pump();
         EXPECT_THAT(host->takeLog(), ElementsAre(asked));
     }
-    turnWheel(4);
-    EXPECT_EQ(curves->getZoom(), 7.59375F);
-    turnWheel(-11);
-    EXPECT_EQ(curves->getZoom(), 0.13168724F);
-    EXPECT_THROW(curves->setHistogramType(HistogramType(-1)), Detail::StopException);
     EXPECT_THROW(curves->setSelectedCurve(CurveChannel(4)), Detail::StopException);
     EXPECT_THROW(new CurvePanel(&panel(), GuiSkin(), {9, 9}, ColorCurve(), nullptr), Detail::StopException);
-    host->interval = 1;
-    makePanel();
+    host->interval = 1, makePanel();
     EXPECT_TRUE(pumpUntil([this] { return host->log.size() > 3; })) << "again and again";
 }
 
 TEST_F(CurvePanelWindow, TellsOfABurstWhenItPauses) {
     make();
-    CurvePanel* const other = makePanel();
-    host->log.clear();
     host->delay = 20;
-    for (int i = 0; i < 5; ++i) {
-        curves->setCurve(Curve(), i % 2 == 0 ? BLUE : GREEN, true);
+    for (const CurveChannel channel : {BLUE, GREEN, BLUE}) {
+        curves->setCurve(Curve(), channel, true);
     }
     EXPECT_THAT(host->log, ElementsAre());
     EXPECT_TRUE(pumpUntil([this] { return !host->log.empty(); }));
-    EXPECT_THAT(host->takeLog(), ElementsAre("changed 2 2", "changed 3 2"));
-    curves->setCurve(Curve(), BLUE, true);
-    curves->Destroy();
-    other->setCurve(Curve(), GREEN, true); // when this is told, the other timer's time is past
-    EXPECT_TRUE(pumpUntil([this] { return !host->log.empty(); }));
-    EXPECT_THAT(host->log, ElementsAre("changed 2 2"));
+    EXPECT_THAT(host->log, ElementsAre("changed 2 2", "changed 3 2"));
 }
 
 TEST_F(CurvePanelWindow, MayBeCalledBackInto) {
@@ -218,15 +208,11 @@ TEST_F(CurvePanelWindow, MayBeDestroyedInAnyCall) {
     const std::pair<std::string, std::function<void()>> cases[] = {
         {"delay", [this] { send(wxEVT_LEFT_DOWN, at(100, 100)); }},
         {"changed", [this] { send(wxEVT_RIGHT_UP, at(80, 100)); }},
-        {"changed", [this] { curves->setCurves(ColorCurve()); }},
         {"changed", [this] { host->delay = 1, curves->setCurves(ColorCurve()); }},
         {"pixel", [this] { curves->getController()->beginPick({}); }},
         {"changed", [this] { curves->getController()->beginPick({}); }},
         {"histogram", [this] { turnWheel(1); }},
-        {"histogram",
-         [this] {
-             curves->resize({99, 99});
-         }},
+        {"histogram", [this] { curves->resize(withMargins(9, 9)); }},
         {"changed", [this] { movePointer(*curves, at(100, 100)), pressButton(); }}, // real input, that goes on
         {"changed", [this] { drag(at(80, 100), at(100, 60)); }}};
     for (const auto& [call, cause] : cases) {
@@ -258,6 +244,8 @@ TEST_F(CurvePanelWindow, ShowsGridHistogramCurvesAndPoints) {
     curves->setHistogramType(HistogramType::LINEAR);
     EXPECT_EQ(look({{-4, 204}, {40, 10}, {60, 190}, {30, 10}, {0, 0}, {0, 53}}), "mpbpW#");
     EXPECT_EQ(look(diagonal), "KKKKKKK") << "the identity is selected";
+    EXPECT_EQ(look({{49, 50}, {49, 49}}), "KK") << "and lies on top";
+    EXPECT_THAT(look({{30, 50}, {30, 49}}), testing::HasSubstr("R")) << "of the other, which is there";
     curves->setHistogramType(HistogramType::LOGARITHMIC);
     EXPECT_EQ(look({{30, 10}, {30, 35}}), "bp");
     curves->setSelectedCurve(RED);
@@ -273,13 +261,25 @@ TEST_F(CurvePanelWindow, ShowsGridHistogramCurvesAndPoints) {
     host->histogram = {};
     turnWheel(-1); // the value 1 lies at 133 of the 200 pixels
     EXPECT_EQ(look({{1, 190}, {116, 190}, {117, 190}, {190, 116}, {133, 190}, {134, 190}, {190, 134}}), "##p####");
-    turnWheel(-4); // lines at every third or fourth pixel
-    EXPECT_EQ(look({{26, 190}, {27, 190}, {29, 190}}), "###");
+    turnWheel(-4);
     send(wxEVT_LEFT_DOWN, at(13, 1));
     send(wxEVT_MOTION, at(20, 120));
     EXPECT_EQ(look({{20, 120}}), "W");
     turnWheel(10);
     EXPECT_EQ(look({{189, 10}, {100, 189}, {100, 10}}), "##p");
+}
+
+TEST_F(CurvePanelWindow, PaintsOnTheScreenToo) {
+    make();
+    const wxSize size = curves->GetSize();
+    wxScreenDC screen;
+    const wxPoint besideFrame = onScreen(frame(), {660, 20}); // GTK leaves the program's own windows out
+    screen.SetDeviceOrigin(besideFrame.x, besideFrame.y);
+    const auto read = [&](wxDC& copy) { copy.Blit({}, size, &screen, {}); };
+    const wxImage former = paintOffScreen(size, read);
+    curves->paint(screen);
+    EXPECT_EQ(look({{-4, 204}, {0, 0}, {200, 200}, {80, 80}, {30, 10}, {0, 53}}, paintOffScreen(size, read)), "mWWKp#");
+    screen.DrawBitmap(wxBitmap(former), 0, 0);
 }
 
 TEST_F(CurvePanelWindow, SurvivesAnySizeAndAnyNumbers) {

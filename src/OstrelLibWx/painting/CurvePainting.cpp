@@ -143,19 +143,27 @@ void paintCurveGround(wxDC& dc, const CurveEditing& editing, const GuiSkin& skin
     paintGrid(dc, plot, sizes.line);
 
     const SmoothDrawing smooth(dc, area);
+    if (!smooth) {
+        return;
+    }
     smooth->SetPen(makeDashedPen(sizes.line));
     // From corner to corner: at any zoom, that is where the diagonal crosses the plot.
     smooth->StrokeLine(area.max.x, area.min.y, area.min.x, area.max.y);
     paintOtherCurves(*smooth, editing, sizes.line);
 }
 
-void paintSelectedCurve(wxDC& dc, const CurveEditing& editing, const CurveLine& line, const CurveMarkSizes& sizes) {
+bool paintSelectedCurve(wxDC& dc, const CurveEditing& editing, const CurveLine& line, const CurveMarkSizes& sizes) {
     const CurvePlot& plot = editing.getPlot();
-    if (!plot.getArea().isEmpty()) {
-        const SmoothDrawing smooth(dc, plot.getArea());
-        paintLine(*smooth, line, editing.getSelectedChannel(), 2 * sizes.line);
-    }
     const SmoothDrawing smooth(dc, getClientArea(plot));
+    if (!smooth) {
+        return false;
+    }
+    if (const Bucket area = plot.getArea(); !area.isEmpty()) {
+        smooth->PushState();
+        smooth->Clip(area.min.x, area.min.y, area.width(), area.height());
+        paintLine(*smooth, line, editing.getSelectedChannel(), 2 * sizes.line);
+        smooth->PopState();
+    }
     smooth->SetPen(makeDashedPen(sizes.line));
     smooth->SetBrush(*wxWHITE_BRUSH);
     for (const CurvePoint& point : editing.getCurve().getPoints()) {
@@ -166,6 +174,7 @@ void paintSelectedCurve(wxDC& dc, const CurveEditing& editing, const CurveLine& 
         smooth->SetBrush(*wxTRANSPARENT_BRUSH);
         paintCircle(*smooth, plot, *mark, sizes.pointRadius);
     }
+    return true;
 }
 
 void CurvePanelPainting::paint(wxDC& dc, const CurveEditing& editing, const GuiSkin& skin) {
@@ -182,7 +191,20 @@ void CurvePanelPainting::paint(wxDC& dc, const CurveEditing& editing, const GuiS
         _lineKept = true;
     }
     dc.DrawBitmap(_ground, 0, 0);
-    paintSelectedCurve(dc, editing, _line, _sizes);
+    if (!paintSelectedCurve(dc, editing, _line, _sizes)) {
+        paintThroughBitmap(dc, editing);
+    }
+}
+
+void CurvePanelPainting::paintThroughBitmap(wxDC& dc, const CurveEditing& editing) const {
+    wxBitmap picture;
+    picture.CreateWithDIPSize(_ground.GetLogicalSize(), _ground.GetScaleFactor());
+    wxMemoryDC memory(picture);
+    memory.DrawBitmap(_ground, 0, 0);
+    if (paintSelectedCurve(memory, editing, _line, _sizes)) {
+        memory.SelectObject(wxNullBitmap);
+        dc.DrawBitmap(picture, 0, 0);
+    }
 }
 
 void CurvePanelPainting::makeGround(const CurveEditing& editing, const GuiSkin& skin, double scale) {

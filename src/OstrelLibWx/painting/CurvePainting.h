@@ -38,7 +38,9 @@ private:
 void paintCurveGround(wxDC& dc, const CurveEditing& editing, const GuiSkin& skin, const CurveMarkSizes& sizes);
 
 /// Draws the selected curve, its points and the mark on it.
-void paintSelectedCurve(wxDC& dc, const CurveEditing& editing, const CurveLine& line, const CurveMarkSizes& sizes);
+/// @return false if the device context is one that nothing smooth can be drawn on; then nothing is drawn
+[[nodiscard]] bool paintSelectedCurve(wxDC& dc, const CurveEditing& editing, const CurveLine& line,
+                                      const CurveMarkSizes& sizes);
 
 /// Paints a curve panel, and keeps of its picture what stays the same from one painting to the next. During a drag that
 /// is all but the selected curve.
@@ -57,6 +59,7 @@ public:
 
 private:
     void makeGround(const CurveEditing& editing, const GuiSkin& skin, double scale);
+    void paintThroughBitmap(wxDC& dc, const CurveEditing& editing) const;
 
     CurveMarkSizes _sizes;
     wxBitmap _ground;
