@@ -1,14 +1,11 @@
 #include <OstrelLibWx/widgets/CurvePanel.h>
 
-#include "LibraryUp.h"
+#include "ShownWindow.h"
 
 #include <benchmark/benchmark.h>
 
-#include <wx/app.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>
-#include <wx/evtloop.h>
-#include <wx/frame.h>
 #include <wx/graphics.h>
 
 #include <algorithm>
@@ -35,9 +32,8 @@ ColorCurve makeCurves() {
 }
 
 /// A hump with grain, so that hardly two columns are equally high.
-Histogram makeHistogram(int binCount) {
+Histogram makeHistogram(int binCount, std::uint32_t grain = 1) {
     Array<std::uint64_t> bins;
-    std::uint32_t grain = 1;
     for (int i = 0; i < binCount; ++i) {
         grain = grain * 1664525U + 1013904223U;
         const double x = static_cast<double>(i) / binCount;
@@ -49,12 +45,15 @@ Histogram makeHistogram(int binCount) {
 class Host : public Wx::ICurvePanelCallbacks {
 public:
     Histogram getHistogram(std::pair<float, float>, CurveChannel, int binCount) override {
-        return makeHistogram(binCount);
+        return makeHistogram(binCount, ++_grain); // another one each time
     }
     Optional<int> getHistogramRefreshInterval() override { return {}; }
     Optional<Rgb> getPixelColor(Pixel) override { return {}; }
     void onCurveChanged(CurveChannel, const Curve&) override {}
     std::int64_t getChangeDelay() override { return 0; }
+
+private:
+    std::uint32_t _grain = 0;
 };
 
 /// The baseline: the same picture in the toolkit's plainest code, all of it at every painting.
@@ -167,57 +166,21 @@ private:
     bool _pressed = false;
 };
 
-/// A frame with one panel on the screen, and an event loop for it.
+/// The panel on the screen, and steps of a drag in it.
 template <class Panel>
-class Shown {
+class Shown : public ShownWindow<Panel> {
 public:
     explicit Shown(int size)
-        : _active(&_loop)
-        , _frame(new wxFrame(nullptr, wxID_ANY, "Curves", wxPoint(0, 0)))
-        , _panel(new Panel(_frame, wxSize(size, size))) {
-        _panel->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
-            ++_paintCount;
-            event.Skip();
-        });
-        _frame->SetClientSize(size, size);
-        _frame->Show();
-        dispatchUntilPainted(0);
-    }
-    ~Shown() {
-        _frame->Destroy();
-        LibWx::processAllPendingEvents();
-    }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
+        : ShownWindow<Panel>(wxSize(size, size),
+                             [size](wxWindow* parent) { return new Panel(parent, wxSize(size, size)); }) {}
 
-    Panel& panel() { return *_panel; }
-
-    /// Makes the window show the panel as it is now.
-    void paintOnScreen() {
-        const int before = _paintCount;
-        _panel->Update();
-        dispatchUntilPainted(before);
-    }
-
-    /// A step of the drag: up and down in steps of a pixel or two.
+    /// Up and down in steps of a pixel or two.
     void dragOn() {
         _y = _y < 0.9F ? _y + 0.0041F : 0.1F;
-        _panel->drag({7.0F / 15.0F, _y});
+        this->window().drag({7.0F / 15.0F, _y});
     }
 
 private:
-    void dispatchUntilPainted(int before) {
-        while (_paintCount == before) {
-            _loop.Dispatch();
-        }
-    }
-
-    LibraryUp _library;
-    wxGUIEventLoop _loop;
-    wxEventLoopActivator _active;
-    wxFrame* _frame;
-    Panel* _panel;
-    int _paintCount = 0;
     float _y = 0.5F;
 };
 
@@ -225,10 +188,10 @@ private:
 template <class Panel>
 void curvePanelPaint(benchmark::State& state) {
     Shown<Panel> shown(static_cast<int>(state.range(0)));
-    wxBitmap target(shown.panel().GetClientSize(), 24);
+    wxBitmap target(shown.window().GetClientSize(), 24);
     wxMemoryDC dc(target);
     for (auto _ : state) {
-        shown.panel().paint(dc);
+        shown.window().paint(dc);
     }
 }
 
@@ -236,11 +199,11 @@ void curvePanelPaint(benchmark::State& state) {
 template <class Panel>
 void curvePanelDrag(benchmark::State& state) {
     Shown<Panel> shown(static_cast<int>(state.range(0)));
-    wxBitmap target(shown.panel().GetClientSize(), 24);
+    wxBitmap target(shown.window().GetClientSize(), 24);
     wxMemoryDC dc(target);
     for (auto _ : state) {
         shown.dragOn();
-        shown.panel().paint(dc);
+        shown.window().paint(dc);
     }
 }
 
@@ -265,11 +228,11 @@ BENCHMARK_TEMPLATE(curvePanelDragOnScreen, LibraryPanel)->Apply(SIZES);
 /// The histogram has come anew: all is painted anew.
 void curvePanelNewHistogram(benchmark::State& state) {
     Shown<LibraryPanel> shown(static_cast<int>(state.range(0)));
-    wxBitmap target(shown.panel().GetClientSize(), 24);
+    wxBitmap target(shown.window().GetClientSize(), 24);
     wxMemoryDC dc(target);
     for (auto _ : state) {
-        shown.panel().updateHistogram();
-        shown.panel().paint(dc);
+        shown.window().updateHistogram();
+        shown.window().paint(dc);
     }
 }
 BENCHMARK(curvePanelNewHistogram)->Apply(SIZES);

@@ -8,13 +8,13 @@
 
 #include <benchmark/benchmark.h>
 #include <wx/dcclient.h>
-#include <wx/frame.h>
+#include <wx/panel.h>
 
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
 
-#include "LibraryUp.h"
+#include "ShownWindow.h"
 #include "lab/Placement.h"
 #include "lab/Tones.h"
 
@@ -108,23 +108,27 @@ void applyCurvesAndShow(benchmark::State& state) {
     const BitmapImpl<Rgb> picture = makePicture();
     const ColorCurve curves = makeCurves();
     const wxSize size(static_cast<int>(state.range(0)), static_cast<int>(state.range(0)) * FULL_HD.y / FULL_HD.x);
-    auto* const frame = new wxFrame(nullptr, wxID_ANY, "Lab", wxPoint(0, 0));
-    frame->SetClientSize(size);
     wxBitmap bitmap;
-    frame->Bind(wxEVT_PAINT, [&](wxPaintEvent&) { wxPaintDC(frame).DrawBitmap(bitmap, 0, 0); });
-    frame->Show();
-    LibWx::processAllPendingEvents();
+    ShownWindow<wxPanel> view(size, [&bitmap](wxWindow* parent) {
+        auto* const panel = new wxPanel(parent);
+        panel->SetBackgroundStyle(wxBG_STYLE_PAINT);
+        panel->Bind(wxEVT_PAINT, [panel, &bitmap](wxPaintEvent&) {
+            wxPaintDC dc(panel);
+            if (bitmap.IsOk()) {
+                dc.DrawBitmap(bitmap, 0, 0);
+            }
+        });
+        return panel;
+    });
     Placement placement;
     placement.setSizes(FULL_HD, {size.x, size.y});
     BitmapImpl<Rgb> shown;
     for (auto _ : state) {
         showPicture(picture, ToneTables(curves, PictureValues::LIGHT), placement, {}, shown);
         bitmap = Wx::toWxBitmap(shown, false);
-        frame->Refresh();
-        frame->Update();
+        view.window().Refresh();
+        view.paintOnScreen();
     }
-    frame->Destroy();
-    LibWx::processAllPendingEvents();
 }
 BENCHMARK(applyCurvesAndShow)->ArgName("width")->Arg(544)->Arg(1920)->Unit(benchmark::kMillisecond)->UseRealTime();
 
