@@ -9,9 +9,15 @@ namespace Ostrel::Gallery {
 
 namespace {
 
-constexpr double CELLS_PER_UNIT = 4096.0;
-constexpr double LEAST_CELLS = 256.0;
-constexpr double MOST_CELLS = 16384.0;
+/// The values that most pictures have.
+constexpr float DENSE_FROM = 0.0F;
+constexpr float DENSE_TO = 4.0F;
+
+constexpr double DENSE_CELLS_PER_UNIT = 4096.0;
+constexpr double LEAST_DENSE_CELLS = 256.0;
+constexpr std::size_t WHOLE_CELLS = 16384;
+
+constexpr float ENDLESS = std::numeric_limits<float>::infinity();
 
 /// Ranges below it are as good as a step.
 constexpr float LEAST_WIDTH = 0.0001F;
@@ -46,9 +52,32 @@ ToneTables::ToneTables(const ColorCurve& curves, PictureValues values)
 ToneTables::Table ToneTables::makeTable(const Curve& own, const Curve& master, PictureValues values) {
     // Of two identities the first has the range that the screen can show.
     const auto [from, to] = getRange(own.isIdentity() && !master.isIdentity() ? master : own);
-    const double width = static_cast<double>(to) - static_cast<double>(from);
-    const auto count = static_cast<std::size_t>(std::clamp(width * CELLS_PER_UNIT, LEAST_CELLS, MOST_CELLS));
+    const float denseFrom = std::max(from, DENSE_FROM);
+    const float denseTo = std::min(to, DENSE_TO);
+    const double denseWidth = static_cast<double>(denseTo) - static_cast<double>(denseFrom);
+    const auto makeHere = [&own = own, &master = master, values](float first, float last, std::size_t count) {
+        return makeCells(own, master, values, first, last, count);
+    };
+    Table table;
+    if (denseWidth > 0.0) {
+        table.denseFrom = denseFrom;
+        table.denseTo = denseTo;
+        table.dense =
+            makeHere(denseFrom, denseTo,
+                     static_cast<std::size_t>(std::max(denseWidth * DENSE_CELLS_PER_UNIT, LEAST_DENSE_CELLS)));
+    }
+    if (denseFrom == from && denseTo == to) {
+        // Beyond its points the curve is flat: these cells have its ends, and the others are for NaN alone.
+        table.denseFrom = -ENDLESS;
+        table.denseTo = ENDLESS;
+    }
+    table.whole = makeHere(from, to, table.denseTo == ENDLESS ? 1 : WHOLE_CELLS);
+    return table;
+}
 
+ToneTables::Cells ToneTables::makeCells(const Curve& own, const Curve& master, PictureValues values, float from,
+                                        float to, std::size_t count) {
+    const double width = static_cast<double>(to) - static_cast<double>(from);
     Array<float> places(count + 2, to);
     for (std::size_t i = 0; i < count; ++i) {
         places[i] = static_cast<float>(from + width * static_cast<double>(i) / static_cast<double>(count));
@@ -77,16 +106,22 @@ void ToneTables::apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const 
 void ToneTables::applyTable(const Table& table, float Rgb::*colour, ArrayView<const Rgb> values,
                             ArrayView<Rgb> shown) noexcept {
     // Copies, which no write to a pixel can change.
-    const float from = table.from;
-    const float cellsPerUnit = table.cellsPerUnit;
-    const float cellCount = table.cellCount;
-    const float* const edges = table.edges.data();
+    const auto makeReader = [](const Cells& cells) {
+        return [from = cells.from, perUnit = cells.perUnit, count = cells.count, edges = cells.edges.data()](float x) {
+            const float place = (x - from) * perUnit;
+            const float inside = std::min(place > 0.0F ? place : 0.0F, count); // NaN is not above 0
+            const int cell = static_cast<int>(inside);
+            const float left = edges[cell];
+            return left + (inside - static_cast<float>(cell)) * (edges[cell + 1] - left);
+        };
+    };
+    const auto readDense = makeReader(table.dense);
+    const auto readWhole = makeReader(table.whole);
+    const float denseFrom = table.denseFrom;
+    const float denseTo = table.denseTo;
     for (std::size_t i = 0; i < shown.size(); ++i) {
-        const float place = (values[i].*colour - from) * cellsPerUnit;
-        const float inside = std::min(place > 0.0F ? place : 0.0F, cellCount); // NaN is not above 0
-        const int cell = static_cast<int>(inside);
-        const float left = edges[cell];
-        shown[i].*colour = left + (inside - static_cast<float>(cell)) * (edges[cell + 1] - left);
+        const float x = values[i].*colour;
+        shown[i].*colour = x >= denseFrom && x <= denseTo ? readDense(x) : readWhole(x);
     }
 }
 

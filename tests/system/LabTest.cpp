@@ -25,6 +25,7 @@ Rgb show(const ToneTables& tones, Rgb value) {
 TEST(LabTones, AreTheCurvesOneAfterTheOther) {
     const Curve contrast({{0, 0}, {0.3F, 0.1F}, {0.7F, 0.9F}, {1, 1}});
     const Curve steep({{0, 0.2F}, {0.5F, 0.0F}, {0.51F, 1.0F}, {1, 0.8F}});
+    const Curve high({{0, 0}, {0.3F, 0.1F}, {0.7F, 0.9F}, {900, 1}});
     const Curve wide({{-0.5F, 0.1F}, {1.5F, 0.4F}, {7.5F, 0.9F}});
     const Curve straight({{0.25F, 1}, {0.75F, 0}}, CurveInterpolation::LINEAR);
     const Curve step({{0, 0}, {0.5F, 0.25F}, {0.5F, 0.75F}, {1, 1}});
@@ -38,6 +39,7 @@ TEST(LabTones, AreTheCurvesOneAfterTheOther) {
                  {contrast, straight, BYTE / 100, "in this order"},
                  {steep, Curve(), BYTE / 8, "points 0.01 apart"},
                  {wide, Curve(), BYTE / 1000, "beyond the unit"},
+                 {high, Curve(), BYTE / 100, "a point far away"},
                  {step, Curve(), 0.5F, "a step"},
                  {Curve(Array<CurvePoint>()), contrast, BYTE / 1000, "no point"},
                  {Curve(), wide, BYTE / 1000, "an identity lets values above 1 through to Master"}};
