@@ -39,6 +39,9 @@ PictureView::PictureView(wxWindow* parent, Picks picks, Function<void()> onShown
         Bind(type, &PictureView::onButtonUp, this);
     }
     Bind(wxEVT_MOTION, &PictureView::onMotion, this);
+    // The system tells of pinches in this way; the base wants to hear of them in the other.
+    EnableTouchEvents(wxTOUCH_ZOOM_GESTURE);
+    Bind(wxEVT_GESTURE_ZOOM, &PictureView::onPinch, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { endDrag(); });
     updateCursor();
 }
@@ -124,6 +127,25 @@ void PictureView::onMotion(wxMouseEvent& event) {
         _isStale = true;
     } else if (_drag == Drag::PICK) {
         _picks.move(position);
+    }
+}
+
+void PictureView::onPinch(wxZoomGestureEvent& event) {
+    if (event.IsGestureStart()) {
+        _pinchFactor = 1.0;
+    }
+    wxMouseEvent magnify(wxEVT_MAGNIFY);
+    magnify.SetEventObject(this);
+    magnify.SetPosition(event.GetPosition());
+    // The factor is that since the start; what closes a pinch is a magnification of 0, and nothing else may be.
+    const double factor = event.GetZoomFactor();
+    if (const double change = factor - std::exchange(_pinchFactor, factor); change != 0.0) {
+        magnify.m_magnification = static_cast<float>(change);
+        ProcessWindowEvent(magnify);
+    }
+    if (event.IsGestureEnd()) {
+        magnify.m_magnification = 0.0F;
+        ProcessWindowEvent(magnify);
     }
 }
 

@@ -54,6 +54,7 @@ private:
     void onButtonDown(wxMouseEvent& event);
     void onButtonUp(wxMouseEvent& event);
     void onMotion(wxMouseEvent& event);
+    void onPinch(wxZoomGestureEvent& event);
     void onIdle(wxIdleEvent& event);
     void onPaint(wxPaintEvent& event);
     void beginDrag(Drag drag, Pixel position);
@@ -68,7 +69,8 @@ private:
     Placement _placement;
     bool _isPicking = false;
     Drag _drag = Drag::NONE;
-    Pixel _lastPosition; ///< of a drag
+    Pixel _lastPosition;       ///< of a drag
+    double _pinchFactor = 1.0; ///< of the pinch in progress, as it was last told
     bool _isStale = true;
     BitmapImpl<Rgb> _shown;
     wxBitmap _bitmap; ///< the same, for the screen

@@ -1,3 +1,4 @@
+#include "PictureView.h"
 #include "support/WidgetTest.h"
 
 #include <OstrelLibWx/widgets/ZoomableScrollable.h>
@@ -65,6 +66,26 @@ TEST_F(ZoomableScrollableTest, MayBeDestroyedByWhatItReports) {
     send(wxEVT_MAGNIFY, 1.0f, 0);
     send(wxEVT_MAGNIFY, 0.0f, 0);
     EXPECT_EQ(viewer, nullptr);
+}
+
+TEST_F(ZoomableScrollableTest, HearsOfTheSystemsPinchesInThePictureView) {
+    auto* const view = new Ostrel::Gallery::PictureView(&panel(), {}, [] {});
+    view->SetSize(100, 100);
+    view->setPicture(std::make_shared<const Ostrel::BitmapImpl<Ostrel::Rgb>>(200, 200));
+    const auto pinch = [view](const std::vector<double>& factors) {
+        wxZoomGestureEvent event;
+        event.SetPosition({50, 50});
+        for (std::size_t i = 0; i < factors.size(); ++i) {
+            event.SetGestureStart(i == 0);
+            event.SetGestureEnd(i + 1 == factors.size());
+            event.SetZoomFactor(factors[i]);
+            view->ProcessWindowEvent(event);
+        }
+        return view->getScale();
+    };
+    EXPECT_EQ(pinch({1.0, 1.5, 1.5, 1.2, 1.2}), 0.625) << "one step, though it went back a little";
+    EXPECT_EQ(pinch({1.1, 1.3}), 0.78125) << "counted from its own start";
+    EXPECT_EQ(pinch({1.0, 1.1, 0.9, 0.9}), 0.625);
 }
 
 } // namespace
