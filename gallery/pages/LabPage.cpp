@@ -113,7 +113,8 @@ public:
     void onPageShown(bool shown) override {
         if (_renderer) {
             _renderer->setPaused(!shown);
-            shown ? static_cast<void>(_timer.Start(LOOK_INTERVAL_MS)) : _timer.Stop();
+            const bool isMissingPasses = _passCount < _renderer->getPassLimit();
+            shown&& isMissingPasses ? static_cast<void>(_timer.Start(LOOK_INTERVAL_MS)) : _timer.Stop();
         }
     }
 
