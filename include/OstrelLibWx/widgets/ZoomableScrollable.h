@@ -10,8 +10,9 @@ namespace Ostrel {
 /// Base of views that zoom with the mouse wheel and with a pinch of the touchpad: both reach one operation of the
 /// derived class. It is no window itself; a view derives from it besides its window class.
 ///
-/// The toolkit reports pinches (`wxEVT_MAGNIFY`) where the system tells it of them, which neither Windows nor GTK does;
-/// a host that learns of them in another way can send such events.
+/// The toolkit reports pinches as `wxEVT_MAGNIFY` where the system tells it of them in that way, which neither Windows
+/// nor GTK does. There a view enables touch events for `wxEVT_GESTURE_ZOOM`, and sends its window a magnify event for
+/// each change of the factor and one of 0 at the end.
 class OSTREL_WX_API ZoomableScrollable {
 public:
     ZoomableScrollable() = default;
