@@ -75,7 +75,9 @@ protected:
         click(*box, middle(*box));
         const auto isUp = [] { return list() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == list(); };
         EXPECT_TRUE(pumpUntil(isUp)) << "the list did not come up";
-        settle();
+        if (list() != nullptr) {
+            waitForRest(*list());
+        }
         log.clear();
     }
     bool isClosed() {

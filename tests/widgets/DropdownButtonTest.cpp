@@ -66,6 +66,9 @@ protected:
             << "the row did not come up";
         EXPECT_TRUE(button->isOpen());
         settleFocus();
+        if (popup() != nullptr) {
+            waitForRest(*popup());
+        }
         log.clear();
     }
     /// Until keys reach the row.

@@ -9,14 +9,8 @@ namespace Ostrel::Wx {
 
 namespace {
 
-/// After opening, while a window manager may still be busy with the windows. Nobody goes elsewhere without a button of
-/// the mouse so soon.
-constexpr long SETTLING_MS = 300;
-
-bool isMouseDown() {
-    const wxMouseState mouse = wxGetMouseState();
-    return mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
-}
+/// Of the dropdown's place, each time that it opens: a window manager that insists has its way.
+constexpr int MOST_CORRECTIONS = 3;
 
 } // namespace
 
@@ -36,7 +30,7 @@ void DropdownWatch::start(wxWindow& anchor) {
     _closing = {};
     _place = _dropdown.GetPosition();
     _active = false;
-    _sinceOpened.Start();
+    _corrections = 0;
     watchOwner(*wxGetTopLevelParent(&anchor));
     _timer.Start(DROPDOWN_CHECK_MS);
 }
@@ -69,30 +63,8 @@ void DropdownWatch::onActivate(wxActivateEvent& event) {
     const bool wasActive = std::exchange(_active, event.GetActive());
     if (event.GetActive()) {
         _closing.focusGained();
-    } else if (wasActive && _anchor != nullptr) {
-        if (_sinceOpened.Time() < SETTLING_MS && !isMouseDown()) {
-            CallAfter(&DropdownWatch::settle); // when it is known who has the focus now
-        } else {
-            loseFocus();
-        }
-    }
-}
-
-/// The owner has only just come up itself, and a window manager that is late gives it the focus back: not meant.
-void DropdownWatch::settle() {
-    if (_anchor == nullptr || _active) {
-        return;
-    }
-    auto* const owner = wxDynamicCast(_owner.get(), wxTopLevelWindow);
-    if (owner != nullptr && owner->IsActive()) {
-        _dropdown.Raise();
-    } else {
-        loseFocus();
-    }
-}
-
-void DropdownWatch::loseFocus() {
-    if (_closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
+    } else if (wasActive && _anchor != nullptr &&
+               _closing.focusLost(_anchor->GetScreenRect().Contains(wxGetMousePosition()))) {
         _close();
     }
 }
@@ -101,7 +73,8 @@ void DropdownWatch::loseFocus() {
 void DropdownWatch::onMoved(wxMoveEvent& event) {
     event.Skip();
     CallAfter([this] {
-        if (_anchor != nullptr && _sinceOpened.Time() < SETTLING_MS && _dropdown.GetPosition() != _place) {
+        if (_anchor != nullptr && _dropdown.GetPosition() != _place && _corrections < MOST_CORRECTIONS) {
+            ++_corrections;
             _dropdown.SetPosition(_place);
         }
     });

@@ -6,7 +6,6 @@
 
 #include <wx/event.h>
 #include <wx/gdicmn.h>
-#include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
@@ -32,8 +31,6 @@ public:
 private:
     void onActivate(wxActivateEvent& event);
     void onMoved(wxMoveEvent& event);
-    void settle();
-    void loseFocus();
     void onOwnerMoved(wxMoveEvent& event);
     void onOwnerShown(wxShowEvent& event);
     void onOwnerIconized(wxIconizeEvent& event);
@@ -45,9 +42,9 @@ private:
     wxWindow* _anchor = nullptr; ///< null while stopped
     wxWeakRef<wxWindow> _owner;  ///< the anchor's top-level window
     wxRect _anchorRect;          ///< on the screen, when the dropdown opened
-    wxPoint _place;              ///< of the dropdown
+    wxPoint _place;              ///< of the dropdown, when it opened
+    int _corrections = 0;        ///< of its place, since it opened
     bool _active = false;        ///< the dropdown has had the focus since it opened, and has it still
-    wxStopWatch _sinceOpened;
     DropdownClosing _closing;
     wxTimer _timer;
 };
