@@ -184,7 +184,15 @@ TEST_F(CurvePanelWindow, TellsOfABurstWhenItPauses) {
     }
     EXPECT_THAT(host->log, ElementsAre());
     EXPECT_TRUE(pumpUntil([this] { return !host->log.empty(); }));
-    EXPECT_THAT(host->log, ElementsAre("changed 2 2", "changed 3 2"));
+    EXPECT_THAT(host->takeLog(), ElementsAre("changed 2 2", "changed 3 2"));
+
+    curves->setCurve(Curve(), BLUE, true);
+    curves->Destroy(); // what it has not told is never told
+    curves = makePanel();
+    host->log.clear();
+    curves->setCurve(Curve(), GREEN, true); // when this is told, the other's time is past
+    EXPECT_TRUE(pumpUntil([this] { return !host->log.empty(); }));
+    EXPECT_THAT(host->log, ElementsAre("changed 2 2"));
 }
 
 TEST_F(CurvePanelWindow, MayBeCalledBackInto) {
