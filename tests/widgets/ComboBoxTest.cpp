@@ -172,6 +172,21 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
     EXPECT_EQ(box->getSelectedIndex(), 2);
 }
 
+TEST_F(ComboBoxList, GoesAboveTheBoxWhenItsNewRowsNeedTheRoom) {
+    make(panel(), 3, 0);
+    const int bottom = getMonitorRegionByWindow(&frame(), MonitorRegionType::WORK_AREA).max.y;
+    frame().Move(frame().GetPosition() + wxPoint(0, bottom - 5 * rowHeight() - box->GetScreenRect().GetBottom()));
+    openByPress();
+    const int boxTop = box->GetScreenRect().GetTop();
+    EXPECT_GT(list()->GetScreenRect().GetTop(), boxTop);
+    box->setData(makeRows(17));
+    waitForRest(*list());
+    EXPECT_EQ(list()->GetScreenRect().GetBottom() + 1, boxTop);
+    box->setData(makeRows(3));
+    waitForRest(*list());
+    EXPECT_GT(list()->GetScreenRect().GetTop(), boxTop);
+}
+
 TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     make(panel(), 30, 0);
     for (const bool open : {false, true}) {

@@ -215,19 +215,19 @@ TEST_F(CurvePanelWindow, MayBeCalledBackInto) {
 TEST_F(CurvePanelWindow, MayBeDestroyedInAnyCall) {
     const std::pair<std::string, std::function<void()>> cases[] = {
         {"delay", [this] { send(wxEVT_LEFT_DOWN, at(100, 100)); }},
-        {"changed", [this] { send(wxEVT_RIGHT_UP, at(80, 100)); }},
+        {"changed", [this] { send(wxEVT_RIGHT_UP, at(60, 100)); }},
         {"changed", [this] { host->delay = 1, curves->setCurves(ColorCurve()); }},
         {"pixel", [this] { curves->getController()->beginPick({}); }},
         {"changed", [this] { curves->getController()->beginPick({}); }},
         {"histogram", [this] { turnWheel(1); }},
         {"histogram", [this] { curves->resize(withMargins(9, 9)); }},
         {"changed", [this] { movePointer(*curves, at(100, 100)), pressButton(); }}, // real input, that goes on
-        {"changed", [this] { drag(at(80, 100), at(100, 60)); }}};
+        {"changed", [this] { drag(at(60, 100), at(100, 60)); }}};
     for (const auto& [call, cause] : cases) {
         SCOPED_TRACE(call);
         make();
         host->colour = Rgb{0.5F, 0.5F, 0.5F};
-        curves->setCurve(Curve({{0, 0.5F}, {0.4F, 0.5F}, {1, 0.5F}}), MASTER, false);
+        curves->setCurve(Curve({{0, 0.5F}, {0.3F, 0.5F}, {1, 0.5F}}), MASTER, false);
         host->onCall = [this, expected = call](const std::string& now) {
             if (now.starts_with(expected)) {
                 curves->Destroy();

@@ -9,6 +9,8 @@
 #include "support/WidgetTest.h"
 #include "widgets/ModalDriver.h"
 
+#include <utility>
+
 #include <gmock/gmock.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
@@ -55,16 +57,17 @@ protected:
             return true;
         };
     }
-    /// Clicks the button with this label, as soon as the dialog waits for input.
+    /// Clicks the button with this label, as soon as the dialog waits for input and stays where it is.
     Step clickButton(const wxString& label) {
-        return [this, label] {
+        return [this, label, last = wxRect(), looks = 0]() mutable {
+            constexpr int LOOKS_AT_REST = 20;
             const auto* const dialog = ModalDriver::findActive<MessageDialog>();
             for (const AutoSizedButton* const button :
                  dialog == nullptr ? std::vector<AutoSizedButton*>() : findChildren<AutoSizedButton>(*dialog)) {
                 if (button->GetLabel() == label) {
                     input().MouseMove(onScreen(*button, middle(*button)));
-                    input().MouseClick();
-                    return true;
+                    looks = std::exchange(last, button->GetScreenRect()) == last ? looks + 1 : 0;
+                    return looks == LOOKS_AT_REST && input().MouseClick();
                 }
             }
             return false;

@@ -283,8 +283,11 @@ void ComboBox::toggle() {
     if (isOpen()) {
         close();
     } else {
+        const wxWeakRef<ComboBox> self(this); // what the focus is taken from may destroy it
         SetFocus();
-        open();
+        if (self) {
+            open();
+        }
     }
 }
 

@@ -179,6 +179,7 @@ void ComboBoxDropdown::layOut() {
     const ComboBoxPlace place = placeComboBoxList(toBucket(_box->GetScreenRect()), _rows, _model.getCount(), frame,
                                                   getMonitorRegionByWindow(_box, MonitorRegionType::WORK_AREA));
     SetSize(place.window.min.x, place.window.min.y, place.window.width(), place.window.height());
+    _watch.followPlace();
     Layout();
     _shownHeight = _rows.getHeight(place.rows);
     _canvas->SetVirtualSize(place.window.width() - 2 * frame, _rows.getHeight(_model.getCount()));

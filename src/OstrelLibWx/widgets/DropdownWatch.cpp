@@ -35,6 +35,11 @@ void DropdownWatch::start(wxWindow& anchor) {
     _timer.Start(DROPDOWN_CHECK_MS);
 }
 
+void DropdownWatch::followPlace() {
+    _place = _dropdown.GetPosition();
+    _corrections = 0;
+}
+
 void DropdownWatch::stop() {
     _timer.Stop();
     _anchor = nullptr;

@@ -25,6 +25,9 @@ public:
     /// it.
     void start(wxWindow& anchor);
 
+    /// The dropdown has been moved, and is to stay there.
+    void followPlace();
+
     /// The dropdown is closed; nothing happens any more.
     void stop();
 

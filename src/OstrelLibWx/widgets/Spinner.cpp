@@ -239,7 +239,7 @@ void Spinner::SetFocus() {
 }
 
 bool Spinner::Enable(bool enable) {
-    if (!enable && _impl->press.isPressed() && !endPress()) {
+    if (!enable && ((_impl->press.isPressed() && !endPress()) || (_impl->text->HasFocus() && !commit()))) {
         return false;
     }
     _impl->frame->Enable(enable);
