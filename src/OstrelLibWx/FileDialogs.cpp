@@ -6,15 +6,12 @@
 #include <OstrelLib/Application.h>
 
 #include "DialogParentWrapper.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/DialogOwner.h"
 
 namespace Ostrel::Wx {
 
 namespace {
-
-wxString toWx(const String& text) {
-    return wxString(text.toWide());
-}
 
 Path toPath(const wxString& path) {
     return Path(String(path.ToStdWstring()));

@@ -14,6 +14,7 @@
 #include "assets/MessageQuestion.h"
 #include "assets/MessageWarning.h"
 #include "models/MessageDialogModel.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/GuiThread.h"
 
 #include <wx/msgdlg.h>
@@ -69,10 +70,6 @@ Array<int> getIds(ArrayView<const MessageDialogControl* const> controls) {
         ids.push_back(control->id);
     }
     return ids;
-}
-
-wxString toWx(const String& text) {
-    return wxString(text.toWide());
 }
 
 /// The toolkit's own message box. With a null parent it has none, where the toolkit would look for one.

@@ -13,6 +13,7 @@
 
 #include "assets/ProductIcon.h"
 #include "models/DisplayPlacement.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/Native.h"
 
 namespace Ostrel::Wx {
@@ -24,10 +25,6 @@ constexpr int TEXT_HEIGHT = 12;
 
 int scaleUnlessDefault(int value) {
     return value == wxDefaultCoord ? value : scaleByDpi(value);
-}
-
-Bucket toBucket(const wxRect& rectangle) {
-    return {{rectangle.x, rectangle.y}, {rectangle.x + rectangle.width, rectangle.y + rectangle.height}};
 }
 
 wxDisplay findNearestDisplay(Pixel position) {

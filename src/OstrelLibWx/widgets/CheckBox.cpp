@@ -2,6 +2,7 @@
 
 #include "models/CheckBoxLayout.h"
 #include "painting/CheckBoxPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "widgets/ToggleInput.h"
 
 #include <wx/dcbuffer.h>
@@ -19,10 +20,6 @@ constexpr int CLICK_KEYS[] = {WXK_SPACE};
 
 CheckBoxMetrics makeMetrics() {
     return {scaleByDpi(BOX_SIZE), scaleByDpi(GAP), scaleByDpi(PADDING)};
-}
-
-Pixel toPixel(wxSize size) {
-    return {size.x, size.y};
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "models/CollapsibleHeaderLayout.h"
 #include "painting/CollapsibleHeaderPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "widgets/ToggleInput.h"
 
 #include <wx/control.h>
@@ -25,10 +26,6 @@ constexpr int CLICK_KEYS[] = {WXK_SPACE, WXK_RETURN, WXK_NUMPAD_ENTER};
 
 CollapsibleHeaderMetrics makeMetrics() {
     return {scaleByDpi(MINIMUM_HEIGHT), scaleByDpi(TRIANGLE_DEPTH), scaleByDpi(GAP), scaleByDpi(FOCUS_INSET)};
-}
-
-Pixel toPixel(wxSize size) {
-    return {size.x, size.y};
 }
 
 bool isInside(const wxWindow& ancestor, const wxWindow* window) {

@@ -6,6 +6,7 @@
 
 #include "painting/ComboBoxPainting.h"
 #include "painting/PixelDrawing.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/PopupNative.h"
 
 #include <wx/dcbuffer.h>
@@ -172,9 +173,6 @@ ComboBoxDropdown::ComboBoxDropdown(ComboBox& box, ComboBoxModel& model, const Gu
 }
 
 void ComboBoxDropdown::layOut() {
-    const auto toBucket = [](const wxRect& rectangle) {
-        return Bucket{{rectangle.x, rectangle.y}, {rectangle.x + rectangle.width, rectangle.y + rectangle.height}};
-    };
     const int frame = _ownFrame + getSystemFrame(*this);
     const ComboBoxPlace place = placeComboBoxList(toBucket(_box->GetScreenRect()), _rows, _model.getCount(), frame,
                                                   getMonitorRegionByWindow(_box, MonitorRegionType::WORK_AREA));

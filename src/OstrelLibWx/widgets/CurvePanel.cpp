@@ -5,6 +5,7 @@
 
 #include "models/CurveEditing.h"
 #include "painting/CurvePainting.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/cursor.h>
 #include <wx/dcbuffer.h>
@@ -41,10 +42,6 @@ SharedPtr<ICurvePanelCallbacks> require(SharedPtr<ICurvePanelCallbacks> callback
 std::int64_t getMilliseconds() {
     using namespace std::chrono;
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-Pixel toPixel(wxPoint point) {
-    return {point.x, point.y};
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "painting/BorderPainting.h"
 #include "painting/MarkPainting.h"
 #include "painting/PixelDrawing.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/PopupNative.h"
 #include "widgets/DropdownWatch.h"
 
@@ -39,10 +40,6 @@ constexpr MoveKey MOVE_KEYS[] = {
     {WXK_DOWN, DropdownMove::NEXT},     {WXK_HOME, DropdownMove::FIRST},  {WXK_END, DropdownMove::LAST},
 };
 constexpr int CHOOSE_KEYS[] = {WXK_RETURN, WXK_NUMPAD_ENTER, WXK_SPACE};
-
-Bucket toBucket(const wxRect& rectangle) {
-    return {{rectangle.x, rectangle.y}, {rectangle.x + rectangle.width, rectangle.y + rectangle.height}};
-}
 
 } // namespace
 

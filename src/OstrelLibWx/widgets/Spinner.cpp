@@ -179,7 +179,7 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     Bind(wxEVT_SPINCTRLDOUBLE, &Spinner::onValueEvent, this);
 
     _impl->number.configure({min, max, defaultValue, step});
-    _impl->number.setPrecision([precision] { return precision; });
+    setPrecision(precision, true); // told to the windows around: the number before the default one
     setValue(defaultValue, false);
     _impl->repeatTimer.SetOwner(this);
 }
