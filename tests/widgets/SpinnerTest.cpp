@@ -88,6 +88,14 @@ protected:
 
 using SpinnerArrows = SpinnerTest;
 
+TEST_F(SpinnerTest, TellsTheWindowsAroundOfTheNumberBeforeTheDefaultOne) {
+    std::vector<double> told;
+    panel().Bind(wxEVT_SPINCTRLDOUBLE, [&told](wxSpinDoubleEvent& event) { told.push_back(event.GetValue()); });
+    const auto* const made = new Spinner(&panel(), wxID_ANY, 60, 3, 10, 5, 0, 1);
+    EXPECT_THAT(told, ElementsAre(3.0)) << "0, clamped";
+    EXPECT_EQ(made->getValue(), 5.0F);
+}
+
 TEST_F(SpinnerTest, TakesWhatIsTypedByEnterByTheFocusAndByAPress) {
     make();
     type("1,5");

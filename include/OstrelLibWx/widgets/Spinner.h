@@ -47,7 +47,8 @@ wxDECLARE_EXPORTED_EVENT(OSTREL_WX_API, CUSTSPINNER_TEXT_FOCUS_LOST, wxFocusEven
 /// It looks as the default skin does; `applySkinRecursive` gives it another.
 class OSTREL_WX_API Spinner : public wxPanel, public Focusable {
 public:
-    /// The spinner starts with the default value.
+    /// The spinner starts with the default value. Before that, the windows around it hear wxEVT_SPINCTRLDOUBLE once,
+    /// with 0 or the limit nearest to it.
     /// @param textWidth of the text field, in design pixels
     /// @param precision see `setPrecision`
     /// @param step the change for each design pixel of a drag, click and repeat. 0 or less, or no number: adaptive,
