@@ -13,11 +13,11 @@
 #include <wx/imagtga.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
-#include <wx/rawbmp.h>
 
 #include "models/GifFrame.h"
 #include "models/PictureCheck.h"
 #include "models/PixelConversion.h"
+#include "painting/BitmapRows.h"
 #include "platform/ClipboardNative.h"
 #include "platform/Native.h"
 #include "platform/ScreenNative.h"
@@ -29,25 +29,6 @@ namespace {
 constexpr const char* UNSUPPORTED_DEPTH = "Bitmap has unsupported bit depth.";
 constexpr int DEPTH_WITHOUT_ALPHA = 24;
 constexpr int DEPTH_WITH_ALPHA = 32;
-
-/// The first byte of a row. Rows lie as far apart as the toolkit says, in either direction.
-template <class PixelData>
-unsigned char* getRow(PixelData& data, int y) {
-    typename PixelData::Iterator row(data);
-    row.OffsetY(data, y);
-    return row.m_ptr;
-}
-
-template <class Format>
-constexpr Detail::ByteOrder getByteOrder() {
-    using Detail::ByteOrder;
-    static_assert((Format::RED == 0 && Format::BLUE == 2) || (Format::RED == 2 && Format::BLUE == 0));
-    if constexpr (Format::HasAlpha) {
-        return Format::RED == 0 ? ByteOrder::RGBA : ByteOrder::BGRA;
-    } else {
-        return Format::RED == 0 ? ByteOrder::RGB : ByteOrder::BGR;
-    }
-}
 
 template <class Format>
 Expected<BitmapImpl<Rgb>, String> readPixels(wxBitmap& bitmap) {
@@ -63,10 +44,10 @@ Expected<BitmapImpl<Rgb>, String> readPixels(wxBitmap& bitmap) {
     pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     std::array<Rgb, 512> part;
     for (int y = 0; y < height; ++y) {
-        const unsigned char* source = getRow(data, y);
+        const unsigned char* source = Detail::getBitmapRow(data, y);
         for (std::size_t left = static_cast<std::size_t>(width); left > 0;) {
             const std::size_t count = std::min(left, part.size());
-            Detail::convertToPixels(source, getByteOrder<Format>(), ArrayView<Rgb>(part).first(count));
+            Detail::convertToPixels(source, Detail::getBitmapByteOrder<Format>(), ArrayView<Rgb>(part).first(count));
             pixels.insert(pixels.end(), part.data(), part.data() + count);
             source += count * static_cast<std::size_t>(Format::SizePixel);
             left -= count;
@@ -86,7 +67,7 @@ wxBitmap writePixels(const BitmapImpl<Rgb>& image, int depth) {
         return {};
     }
     for (int y = 0; y < image.getHeight(); ++y) {
-        Detail::convertToBytes(image.row(y), getByteOrder<Format>(), getRow(data, y));
+        Detail::convertToBytes(image.row(y), Detail::getBitmapByteOrder<Format>(), Detail::getBitmapRow(data, y));
     }
     return bitmap;
 }

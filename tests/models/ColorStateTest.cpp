@@ -14,7 +14,7 @@ namespace {
 
 using enum ColorStrip;
 
-constexpr ColorStrip ALL_STRIPS[] = {RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITENESS};
+constexpr ColorStrip ALL_STRIPS[] = {RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITE_SHARE};
 
 /// The current colour's three forms fit together.
 void expectConsistent(const ColorState& state) {
@@ -37,7 +37,7 @@ TEST(ColorState, ChangesOneThingWithEachEdit) {
                           {"hue of a whole turn", [](ColorState& s) { s.editStrip(HUE, 1, 0); }, {1, 0.25F, 0.25F}},
                           {"saturation", [](ColorState& s) { s.editStrip(SATURATION, 1, 0); }, {0, 1.0F / 3, 1}},
                           {"value", [](ColorState& s) { s.editStrip(VALUE, 0.5F, 0); }, {0.125F, 0.25F, 0.5F}},
-                          {"whiteness", [](ColorState& s) { s.editStrip(WHITENESS, 0.5F, 0); }, {0.5F, 2.0F / 3, 1}},
+                          {"whiteness", [](ColorState& s) { s.editStrip(WHITE_SHARE, 0.5F, 0); }, {0.5F, 2.0F / 3, 1}},
                           {"temperature", [](ColorState& s) { s.editStrip(TEMPERATURE, 0.1F, 6500); }, {1, 1, 1}},
                           {"field",
                            [](ColorState& s) {

@@ -106,8 +106,11 @@ public:
     void setEyeDropperAveragingRadius(int radius);
     [[nodiscard]] int getEyeDropperAveragingRadius() const;
 
-    /// `wxOK` once "OK" has been pressed, `wxCANCEL` before and otherwise.
+    /// `wxOK` once "OK" has been pressed, `wxCANCEL` before and otherwise; `wxCANCEL` again when the dialog is shown
+    /// anew.
     [[nodiscard]] int getCloseResult() const;
+
+    bool Show(bool show = true) override;
 
     /// Has space and range kept there by all dialogs of the process; destroys the accessor that was installed before.
     /// An empty pointer brings the default back, which keeps both until the process ends and starts with sRGB numbers
@@ -116,16 +119,6 @@ public:
 
 private:
     struct Impl;
-
-    void createControls();
-    void createFields();
-    void createRows();
-    void createEyeDroppers();
-    void createOptions();
-    void createHexField();
-    void createSwatches();
-    void layOut(DialogType type);
-    void bindEvents();
 
     AutoPtr<Impl> _impl;
 };

@@ -119,7 +119,7 @@ float ColorState::getPosition(ColorStrip strip) const {
         return _hsv.saturation;
     case ColorStrip::VALUE:
         return _hsv.value;
-    case ColorStrip::WHITENESS:
+    case ColorStrip::WHITE_SHARE:
         return _hwb.whiteness;
     case ColorStrip::TEMPERATURE:
         break;
@@ -148,7 +148,7 @@ Rgb ColorState::getStripColor(ColorStrip strip, float position, float number) co
         return hsvToRgb({_hsv.hue, _hsv.saturation, position});
     case ColorStrip::TEMPERATURE:
         return temperatureToRgb(number);
-    case ColorStrip::WHITENESS:
+    case ColorStrip::WHITE_SHARE:
         return hwbToRgb({_hwb.hue, position, _hwb.blackness});
     }
     return {};
@@ -170,7 +170,7 @@ std::array<float, 2> ColorState::getStripGround(ColorStrip strip) const {
         return {_hsv.hue, _hsv.value};
     case ColorStrip::VALUE:
         return {_hsv.hue, _hsv.saturation};
-    case ColorStrip::WHITENESS:
+    case ColorStrip::WHITE_SHARE:
         return {_hwb.hue, _hwb.blackness};
     case ColorStrip::ALPHA:
     case ColorStrip::HUE:

@@ -12,7 +12,7 @@
 namespace Ostrel::Wx {
 
 /// What the colour picker shows as a strip of colours with a marker.
-enum class ColorStrip { RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITENESS };
+enum class ColorStrip { RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITE_SHARE };
 
 constexpr SliderRange TEMPERATURE_RANGE_KELVIN{1700, 15000};
 

@@ -1,0 +1,3 @@
+#include "platform/ChoiceNative.h"
+
+void Ostrel::Detail::dressChoice(wxChoice&, const wxColour&, const wxColour&, const wxColour&) {}

@@ -1,0 +1,80 @@
+#include "widgets/HwbSlice.h"
+
+#include <OstrelLibWx/WindowUtils.h>
+
+#include "painting/ColorPainting.h"
+
+#include <wx/dcbuffer.h>
+
+namespace Ostrel::Wx {
+
+namespace {
+
+/// Design pixels from the middle of the marker to its outline.
+constexpr int MARKER_REACH = 4;
+
+wxRect toRect(const Bucket& bucket) {
+    return {bucket.min.x, bucket.min.y, bucket.max.x - bucket.min.x, bucket.max.y - bucket.min.y};
+}
+
+} // namespace
+
+HwbSlice::HwbSlice(wxWindow* parent, wxSize size)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, "HwbSlice")
+    , _size(scaleByDpi(Pixel{size.x, size.y}))
+    , _field(makeColorField(scaleByDpi(size)))
+    , _input(*this, {[this](wxMouseEvent& event) {
+                         if (const auto callback = onMousePressed) {
+                             callback(event);
+                         }
+                     },
+                     [this](wxPoint mouse) { moveTo(mouse); },
+                     [this] {
+                         if (const auto callback = onMouseReleased) {
+                             callback();
+                         }
+                     }}) {
+    SetBackgroundStyle(wxBG_STYLE_PAINT); // no erasing: it would flicker
+    SetMinSize(scaleByDpi(size));
+    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+        wxAutoBufferedPaintDC dc(this);
+        paint(dc);
+    });
+}
+
+void HwbSlice::setPosition(FieldPosition position) {
+    const Bucket before = getMarker();
+    const FieldPosition former = _position;
+    _position = position;
+    if (const Bucket now = getMarker(); now != before || former.hue != position.hue) {
+        RefreshRect(toRect(before));
+        RefreshRect(toRect(now));
+    }
+}
+
+void HwbSlice::adoptSize() {
+    const wxSize size = GetClientSize();
+    if (_field.GetSize() != size) {
+        _size = {size.x, size.y};
+        _field = makeColorField(size);
+        Refresh();
+    }
+}
+
+void HwbSlice::paint(wxDC& dc) const {
+    dc.DrawBitmap(_field, 0, 0);
+    paintFieldMarker(dc, getMarker(), scaleByDpi(1), _position.hue);
+}
+
+void HwbSlice::moveTo(wxPoint mouse) {
+    setPosition(findFieldPosition({mouse.x, mouse.y}, _size));
+    if (const auto callback = onChanged) { // the control, and with it its own, may be destroyed
+        callback(_position.hue, _position.blackness);
+    }
+}
+
+Bucket HwbSlice::getMarker() const {
+    return getFieldMarkerArea(computeFieldMarker(_position, _size), scaleByDpi(MARKER_REACH));
+}
+
+} // namespace Ostrel::Wx
