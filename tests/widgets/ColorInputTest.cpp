@@ -37,6 +37,7 @@ protected:
     void makeButton() {
         button = new EyeDropperButton(&panel(), wxBitmap(wxImage(20, 20)));
         button->SetSize(20, 20, 40, 40);
+        button->setTooltip("A tooltip");
         const auto heard = [this](const char* what) {
             log.push_back(what);
             if (destroyAt == what) {

@@ -19,6 +19,7 @@
 #include "widgets/HexColorEdit.h"
 #include "widgets/HwbSlice.h"
 
+#include <wx/app.h>
 #include <wx/choice.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
@@ -387,7 +388,7 @@ struct ColorPicker::Impl {
 
     // What the user does
 
-    /// Calls a callback of the owner, if there is one. False if the dialog was destroyed by it.
+    /// Calls a callback of the owner, if there is one. False if the dialog was destroyed by it, or is about to be.
     template <class... Arguments>
     bool tell(const Function<void(Arguments...)>& slot, std::type_identity_t<Arguments>... arguments) {
         const wxWeakRef<ColorPicker> self(&dialog);
@@ -395,7 +396,7 @@ struct ColorPicker::Impl {
             const Function<void(Arguments...)> callback = slot; // may be replaced meanwhile
             callback(arguments...);
         }
-        return self != nullptr;
+        return self && !wxTheApp->IsScheduledForDestruction(self.get());
     }
 
     bool tellColor(const Function<void(const Rgb&)>& slot, Rgb color) { return tell(slot, color); }

@@ -99,7 +99,10 @@ void EyeDropperButton::onLeftDown(wxMouseEvent& event) {
     }
     if (self && _picking) {
         _formerFocus = FindFocus();
-        SetFocus(); // Escape has to arrive here
+        // Escape has to arrive here. GTK's windows take no key for themselves where a child window might, for which
+        // the toolkit takes the tooltip.
+        SetCanFocus(true);
+        SetFocus();
     }
 }
 
