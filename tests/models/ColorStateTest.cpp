@@ -16,12 +16,6 @@ using enum ColorStrip;
 
 constexpr ColorStrip ALL_STRIPS[] = {RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITE_SHARE};
 
-/// The current colour's three forms fit together.
-void expectConsistent(const ColorState& state) {
-    EXPECT_EQ(state.getHsv(), rgbToHsv(state.getColor()));
-    EXPECT_EQ(state.getHwb(), hsvToHwb(state.getHsv()));
-}
-
 TEST(ColorState, ChangesOneThingWithEachEdit) {
     struct Case {
         const char* what;
@@ -49,20 +43,17 @@ TEST(ColorState, ChangesOneThingWithEachEdit) {
                                s.editField({0, 1});
                            },
                            {0.2F, 0.2F, 0.2F}},
-                          {"text", [](ColorState& s) { s.edit(parseHexColor("00FF00")); }, {0, 1, 0}},
                           {"tint",
                            [](ColorState& s) {
                                s.editNeutralizing({0.5F, 0.25F, 1});
                            },
                            {0.5F, 1, 0.25F}},
-                          {"reset", [](ColorState& s) { s.edit(s.getReference()); }, {4, -1, 0}},
                           {"another",
                            [](ColorState& s) {
                                s.edit({-2, 7, 0.5F, 0.1F});
                            },
                            {-2, 7, 0.5F}}}) {
         ColorState state(true);
-        state.setReference({4, -1, 0, 0.75F});
         state.setColor({0.25F, 0.5F, 1, 0.5F});
         c.edit(state);
         const Rgb& color = state.getColor();
@@ -70,9 +61,8 @@ TEST(ColorState, ChangesOneThingWithEachEdit) {
         EXPECT_NEAR(color.green, c.expected.green, 1e-6F) << c.what;
         EXPECT_NEAR(color.blue, c.expected.blue, 1e-6F) << c.what;
         EXPECT_EQ(color.alpha, 0.5F) << c.what;
-        expectConsistent(state);
-        state.editStrip(ALPHA, 0.125F, 0);
-        EXPECT_EQ(state.getColor().alpha, 0.125F) << c.what;
+        EXPECT_EQ(state.getHsv(), rgbToHsv(color)) << c.what;
+        EXPECT_EQ(state.getHwb(), hsvToHwb(state.getHsv())) << c.what;
     }
 }
 
@@ -80,26 +70,11 @@ TEST(ColorState, KeepsNoHueOnAGreyAndNoSaturationOnBlack) {
     ColorState state(false);
     state.setColor({0, 1, 0});
     state.editStrip(SATURATION, 0, 0);
-    EXPECT_EQ(state.getPosition(HUE), 0.0F);
     state.editStrip(HUE, 0.5F, 0);
-    EXPECT_EQ(state.getPosition(HUE), 0.0F);
-    EXPECT_EQ(state.getColor(), (Rgb{1, 1, 1}));
+    EXPECT_EQ(state.getHsv(), (Hsv{0, 0, 1}));
     state.setColor({0, 1, 0});
     state.editStrip(VALUE, 0, 0);
     EXPECT_EQ(state.getHsv(), Hsv{});
-    EXPECT_EQ(state.getFieldPosition(), (FieldPosition{0, 1}));
-}
-
-TEST(ColorState, TakesAlphaOnlyWhereThereIsOne) {
-    for (const bool withAlpha : {false, true}) {
-        ColorState state(withAlpha);
-        state.setReference({0.5F, 0.5F, 0.5F, 0.3F});
-        EXPECT_EQ(state.getReference().alpha, withAlpha ? 0.3F : 1.0F);
-        EXPECT_EQ(state.getColor(), state.getReference());
-        state.setColor({2, -3, 0.5F, 0.3F});
-        EXPECT_EQ(state.getColor(), (Rgb{2, -3, 0.5F, withAlpha ? 0.3F : 1.0F}));
-        EXPECT_EQ(state.getPosition(RED), 2.0F) << "nothing is clamped";
-    }
 }
 
 /// A strip that is said to be the same has the same colours; one that is said to be another has not.
@@ -122,63 +97,45 @@ TEST(ColorState, KnowsWhichStripsChange) {
 }
 
 TEST(ColorState, SurvivesColoursThatAreNone) {
-    constexpr float ODD[] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                             -std::numeric_limits<float>::infinity(), std::numeric_limits<float>::max(), -1.0F};
-    for (const float odd : ODD) {
+    constexpr float INF = std::numeric_limits<float>::infinity();
+    for (const float odd : {std::nanf(""), INF, -INF, std::numeric_limits<float>::max(), -1.0F}) {
+        ColorState state(true);
         for (const Rgb& color : {Rgb{odd, 0, 0}, Rgb{0, odd, 1, odd}, Rgb{odd, odd, odd}}) {
-            ColorState state(true);
             state.setColor(color);
             for (const ColorStrip strip : ALL_STRIPS) {
-                const int marker = computeSliderMarker(state.getPosition(strip), 200, 5);
-                EXPECT_TRUE(marker >= 0 && marker <= 195);
+                EXPECT_LE(static_cast<unsigned>(computeSliderMarker(state.getPosition(strip), 200, 5)), 195U);
                 (void)toRgbBytes(state.getStripColor(strip, 0.5F, odd));
             }
-            const Pixel marker = computeFieldMarker(state.getFieldPosition(), {215, 215});
-            EXPECT_TRUE((Bucket{{0, 0}, {216, 216}}).contains(marker));
+            EXPECT_TRUE((Bucket{{0, 0}, {99, 99}}).contains(computeFieldMarker(state.getFieldPosition(), {98, 98})));
             state.editField({odd, odd});
             state.editStrip(HUE, odd, odd);
-            state.editStrip(RED, 0.5F, 0);
         }
     }
 }
 
 TEST(LinearSpace, IsAPowerThereAndBack) {
-    EXPECT_NEAR(mapLinearSpace(0.5F, PositionValueMap::POSITION_TO_VALUE), 0.21764F, 1e-5F);
-    EXPECT_NEAR(mapLinearSpace(0.2176F, PositionValueMap::VALUE_TO_POSITION), 0.5F, 1e-4F);
-    for (const float position : {-2.0F, -0.25F, 0.0F, 0.001F, 0.3F, 1.0F, 8.0F}) {
-        const float value = mapLinearSpace(position, PositionValueMap::POSITION_TO_VALUE);
-        EXPECT_NEAR(mapLinearSpace(value, PositionValueMap::VALUE_TO_POSITION), position, 1e-5F);
+    using enum PositionValueMap;
+    EXPECT_NEAR(mapLinearSpace(0.5F, POSITION_TO_VALUE), 0.21764F, 1e-5F);
+    for (const float position : {-2.0F, -0.25F, 0.0F, 0.001F, 0.5F, 1.0F, 8.0F}) {
+        EXPECT_NEAR(mapLinearSpace(mapLinearSpace(position, POSITION_TO_VALUE), VALUE_TO_POSITION), position, 1e-5F);
     }
 }
 
 TEST(ColorOptions, StopAtWhatIsNone) {
-    struct Case {
-        int line;
-        Function<void(ColorState&)> misuse;
+    ColorState state(false);
+    const std::pair<int, Function<void()>> misuses[] = {
+        {829, [&] { state.setRange(static_cast<ColorPickerRange>(3)); }},
+        {862, [] { (void)mapLinearSpace(0.5F, static_cast<PositionValueMap>(2)); }},
+        {872, [&] { state.setSpace(static_cast<ColorPickerSpace>(-1)); }},
     };
-    const Case cases[] = {
-        {829, [](ColorState& state) { state.setRange(static_cast<ColorPickerRange>(3)); }},
-        {862, [](ColorState&) { (void)mapLinearSpace(0.5F, static_cast<PositionValueMap>(2)); }},
-        {872, [](ColorState& state) { state.setSpace(static_cast<ColorPickerSpace>(-1)); }},
-    };
-    for (const auto& [line, misuse] : cases) {
-        ColorState state(false);
+    for (const auto& [line, misuse] : misuses) {
         try {
-            misuse(state);
+            misuse();
             ADD_FAILURE() << line;
         } catch (const Detail::StopException& stop) {
             EXPECT_EQ(stop.getPath(), String("widgets/ColorPicker"));
             EXPECT_EQ(stop.getLine(), line);
         }
-        EXPECT_EQ(state.getSpace(), ColorPickerSpace::SRGB);
-        EXPECT_EQ(state.getRange(), ColorPickerRange::UP_TO_255);
-    }
-}
-
-TEST(EyeDropperAveraging, RoundsDownToARadiusOfTheTable) {
-    for (const auto& [radius, row] :
-         {std::pair<int, std::size_t>{-3, 0}, {0, 0}, {1, 1}, {2, 2}, {4, 2}, {5, 3}, {14, 3}, {15, 4}, {100, 4}}) {
-        EXPECT_EQ(findEyeDropperAveraging(radius), row) << radius;
     }
 }
 

@@ -143,6 +143,8 @@ struct ColorPicker::Impl {
     ColorPicker& dialog;
     ColorState state;
     int closeResult = wxCANCEL;
+    /// The dialog is not open any more: a number that was being typed is set when its field goes, and comes too late.
+    bool closed = false;
     std::array<wxRadioButton*, std::size(RANGE_OPTIONS)> ranges{};
     CheckBox* srgb = nullptr;
     std::array<ColorSliderWithSpinner*, ROW_COUNT> rows{}; ///< as in `ROWS`; no alpha: null
@@ -178,11 +180,7 @@ struct ColorPicker::Impl {
             }
             rows[i] = new ColorSliderWithSpinner(makeStripColors(strip), &dialog);
             rows[i]->onValueChanged = [this, strip](float position, float number) {
-                if (strip == ColorStrip::ALPHA) {
-                    editAlpha(position);
-                } else {
-                    edit([=](ColorState& edited) { edited.editStrip(strip, position, number); });
-                }
+                edit([=](ColorState& edited) { edited.editStrip(strip, position, number); });
             };
         }
         ColorSliderWithSpinner& temperature = *findRow(ColorStrip::TEMPERATURE);
@@ -404,21 +402,19 @@ struct ColorPicker::Impl {
     template <class Change>
     bool edit(const Change& change) {
         const ColorState before = state;
-        change(state);
+        if (!closed) {
+            change(state);
+        }
         refreshViews(before);
-        return tellColor(dialog.onColorChanged, state.getColor());
-    }
-
-    bool editAlpha(float alpha) {
-        state.editAlpha(alpha);
-        moveRow(ColorStrip::ALPHA);
-        current->setColor(state.getColor());
+        if (closed) {
+            return true;
+        }
         return tellColor(dialog.onColorChanged, state.getColor());
     }
 
     void reset() {
         if (tell(dialog.onReset) && edit([](ColorState& edited) { edited.edit(edited.getReference()); }) &&
-            editAlpha(state.getReference().alpha)) {
+            edit([](ColorState& edited) { edited.editAlpha(edited.getReference().alpha); })) {
             tell(dialog.onAfterReset);
         }
     }
@@ -447,6 +443,7 @@ struct ColorPicker::Impl {
         if (tell(dialog.onClose)) {
             getAccessor().setSpace(state.getSpace());
             getAccessor().setRange(state.getRange());
+            closed = true;
             event.Skip();
         }
     }
@@ -488,6 +485,7 @@ ColorPicker::~ColorPicker() {
 bool ColorPicker::Show(bool show) {
     if (show) {
         _impl->closeResult = wxCANCEL;
+        _impl->closed = false;
     }
     return wxDialog::Show(show);
 }
