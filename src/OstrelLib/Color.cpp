@@ -120,14 +120,16 @@ Hsv rgbToHsv(const Rgb& color) noexcept {
 }
 
 Rgb hsvToRgb(const Hsv& color) noexcept {
-    float degrees = std::isfinite(color.hue) ? std::fmod(color.hue, DEGREES) : 0.0F;
-    if (degrees < 0.0F) {
-        degrees += DEGREES;
+    float degrees = color.hue;
+    if (!(degrees >= 0.0F && degrees < DEGREES)) {
+        degrees = std::isfinite(degrees) ? std::fmod(degrees, DEGREES) : 0.0F;
+        degrees += degrees < 0.0F ? DEGREES : 0.0F;
     }
     const float chroma = color.value * color.saturation;
     // Every channel is the same trapezium over the hue, each a third of the circle later; n is where on it hue 0 lies.
     const auto channel = [&](float n) {
-        const float sixth = std::fmod(n + degrees / 60.0F, 6.0F);
+        const float turned = n + degrees / 60.0F;
+        const float sixth = turned < 6.0F ? turned : turned - 6.0F; // exact: it is below 12
         return color.value - chroma * std::clamp(std::min(sixth, 4.0F - sixth), 0.0F, 1.0F);
     };
     return {channel(5.0F), channel(3.0F), channel(1.0F)};

@@ -31,18 +31,20 @@ public:
     /// Milliseconds; below 1 counts as 1. Takes effect when the tooltip is armed next.
     void setDelay(long long ms);
 
-    /// Lays the text out anew: it is broken at line feeds, and at spaces where a line would otherwise be wider than 250
-    /// design pixels. A text without spaces stays on one line however wide it is. The empty text has no line and is
-    /// never shown. A popup that is on the screen shows the new text at once, in its place.
+    /// The text is laid out when it is to be shown, or asked for its lines: it is broken at line feeds, and at spaces
+    /// where a line would otherwise be wider than 250 design pixels. A text without spaces stays on one line however
+    /// wide it is. The empty text has no line and is never shown. A popup that is on the screen shows the new text at
+    /// once, in its place.
     void setText(const String& text);
 
     /// The lines that the text was broken into.
-    [[nodiscard]] ArrayView<const String> getLines() const { return _lines; }
+    [[nodiscard]] ArrayView<const String> getLines() const;
 
     /// A tooltip is for reading alone.
     [[nodiscard]] bool AcceptsFocus() const override { return false; }
 
 private:
+    void breakText() const;
     void fitToLines();
     void onPaint(wxPaintEvent& event);
     void onTimer(wxTimerEvent& event);
@@ -50,7 +52,9 @@ private:
     void onHide(wxMouseEvent& event);
 
     wxWindow* _owner;
-    Array<String> _lines;
+    String _text;
+    mutable Array<String> _lines; ///< of the text, once it has been broken
+    mutable bool _broken = false;
     wxTimer _timer;
     long long _delay = TOOLTIP_DELAY_MS;
     Array<Pixel> _lineExtents; ///< one for each line

@@ -193,6 +193,7 @@ struct ColorPicker::Impl {
         const auto create = [this](const wxBitmap& icon, const char* tooltip, void (ColorState::*change)(const Rgb&)) {
             auto* const eyeDropper = new EyeDropperButton(&dialog, icon);
             eyeDropper->setTooltip(tooltip);
+            applySkinRecursive(eyeDropper, SKIN);
             eyeDropper->onPicked = [this, change](const Rgb& sample) {
                 edit([&](ColorState& edited) { (edited.*change)(sample); });
             };
@@ -207,6 +208,8 @@ struct ColorPicker::Impl {
         }
         averaging->SetSelection(0);
         averaging->SetFont(setupStaticTextFont(averaging->GetFont(), {}));
+        applySkinRecursive(averaging, SKIN);
+        Detail::dressChoice(*averaging, toWxColour(SKIN.background), toWxColour(SKIN.text), toWxColour(SKIN.darkGrey));
         averaging->SetMinSize(scaleByDpi(wxSize(CHOICE_WIDTH, -1)));
         averaging->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
             setAveraging(static_cast<std::size_t>(std::max(event.GetSelection(), 0)));
@@ -219,6 +222,7 @@ struct ColorPicker::Impl {
             ranges[i] = new wxRadioButton(&dialog, wxID_ANY, option.label, wxDefaultPosition, wxDefaultSize,
                                           i == 0 ? wxRB_GROUP : 0);
             ranges[i]->SetFont(setupStaticTextFont(ranges[i]->GetFont(), {}));
+            applySkinRecursive(ranges[i], SKIN);
             new Tooltip(ranges[i], RANGE_TOOLTIP);
             ranges[i]->Bind(wxEVT_RADIOBUTTON, [this, &option](wxCommandEvent&) { dialog.setRange(option.range); });
         }
@@ -454,6 +458,8 @@ ColorPicker::ColorPicker(wxWindow* parent, const String& title, wxPoint position
     : wxDialog(parent, wxID_ANY, wxString(title.toWide()), position, wxDefaultSize,
                wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX)
     , _impl(new Impl(*this, format == ColorFormat::WITH_ALPHA)) {
+    SetForegroundColour(toWxColour(SKIN.text)); // which the labels inherit
+    SetBackgroundColour(toWxColour(SKIN.background));
     setNimbraIcon(this);
     _impl->createField();
     _impl->createRows();
@@ -462,9 +468,6 @@ ColorPicker::ColorPicker(wxWindow* parent, const String& title, wxPoint position
     _impl->createHexField();
     _impl->createSwatches();
     _impl->layOut(type);
-    applySkinRecursive(this, SKIN);
-    Detail::dressChoice(*_impl->averaging, toWxColour(SKIN.background), toWxColour(SKIN.text),
-                        toWxColour(SKIN.darkGrey));
     setSpace(getAccessor().getSpace());
     setRange(getAccessor().getRange());
     setReferenceColor(initialColor);

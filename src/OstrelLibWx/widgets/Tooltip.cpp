@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace Ostrel::Wx {
 
@@ -43,8 +44,11 @@ void Tooltip::setDelay(long long ms) {
 }
 
 void Tooltip::setText(const String& text) {
-    _lines = breakTooltipLines(text, scaleByDpi(MAXIMUM_LINE_WIDTH),
-                               [this](const String& line) { return GetTextExtent(wxString(line.toWide())).x; });
+    _text = text;
+    _broken = false;
+    if (!IsShown()) {
+        return; // most are never shown, and measuring takes long
+    }
     fitToLines();
     if (_lines.empty()) {
         Hide();
@@ -52,7 +56,20 @@ void Tooltip::setText(const String& text) {
     Refresh();
 }
 
+ArrayView<const String> Tooltip::getLines() const {
+    breakText();
+    return _lines;
+}
+
+void Tooltip::breakText() const {
+    if (!std::exchange(_broken, true)) {
+        _lines = breakTooltipLines(_text, scaleByDpi(MAXIMUM_LINE_WIDTH),
+                                   [this](const String& line) { return GetTextExtent(wxString(line.toWide())).x; });
+    }
+}
+
 void Tooltip::fitToLines() {
+    breakText();
     _lineExtents.clear();
     for (const String& line : _lines) {
         const wxSize extent = GetTextExtent(wxString(line.toWide()));
@@ -70,10 +87,10 @@ void Tooltip::onPaint(wxPaintEvent&) {
 
 void Tooltip::onTimer(wxTimerEvent&) {
     const wxPoint mouse = wxGetMousePosition();
+    fitToLines();
     if (_lines.empty() || !_owner->GetScreenRect().Contains(mouse)) {
         return;
     }
-    fitToLines();
     smartPositionWindow(this, Pixel{mouse.x, mouse.y} + OFFSET_FROM_MOUSE_PX);
     Show();
     Refresh();
