@@ -27,7 +27,6 @@ TEST(HwbConversion, BringsAllBytesBackExactly) {
 TEST(HwbConversion, HoldsAtTheOddPoints) {
     for (const auto& [hwb, rgb] : {std::pair<Hwb, Rgb>{{360, 0, 0}, {1, 0, 0}},
                                    {{120, 0.25F, 0.5F}, {0.25F, 0.5F, 0.25F}},
-                                   {{120, 0.5F, 0.5F}, {0.5F, 0.5F, 0.5F}},
                                    {{240, 1, 1}, {0.5F, 0.5F, 0.5F}}, // more than 1 together: a grey in proportion
                                    {{240, 0.2F, 1}, {1.0F / 6, 1.0F / 6, 1.0F / 6}},
                                    {{60, 0, 1}, {0, 0, 0}},
@@ -57,7 +56,6 @@ TEST(Temperature, GoesFromRedThroughWhiteToBlue) {
 TEST(NeutralizingTint, MakesTheSampleGrey) {
     for (const auto& [sample, tint] : {std::pair<Rgb, Rgb>{{1, 0, 0}, {0, 1, 1}},
                                        {{0.5F, 0.25F, 1}, {0.5F, 1, 0.25F}},
-                                       {{0, 0, 0}, {1, 1, 1}},
                                        {{0.7F, -0.0F, 3}, {0, 1, 0}}}) {
         expectNear(computeNeutralizingTint(sample), tint, 1e-6F, sample.green);
     }
@@ -80,12 +78,10 @@ TEST(HexText, IsSixDigitsAndReadAsAStreamReadsIt) {
                                      {"#FF0000", "000000"},
                                      {" \t\n12 34", "000012"},
                                      {"0xABCDEF", "ABCDEF"},
-                                     {"0x", "000000"},
                                      {"12g4", "000012"},
                                      {"80123456", "123456"},
                                      {"123456789", "FFFFFF"},
-                                     {"-1", "FFFFFF"},
-                                     {"1,000", "000001"}}) {
+                                     {"-1", "FFFFFF"}}) {
         EXPECT_EQ(formatHexColor(parseHexColor(text)), String(read)) << text;
     }
     EXPECT_EQ(parseHexColor(String(std::wstring(100'000, L'9'))), (Rgb{1, 1, 1}));

@@ -6,9 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-
 namespace Ostrel::Wx {
 namespace {
 
@@ -25,7 +22,6 @@ TEST(ColorState, ChangesOneThingWithEachEdit) {
     // The start, (0.25, 0.5, 1), has the hue 220, the saturation 0.75, the value 1, the whiteness 0.25, the blackness
     // 0.
     for (const Case& c : {Case{"red", [](ColorState& s) { s.editStrip(RED, 0.75F, 0); }, {0.75F, 0.5F, 1}},
-                          {"green", [](ColorState& s) { s.editStrip(GREEN, 0, 0); }, {0.25F, 0, 1}},
                           {"blue", [](ColorState& s) { s.editStrip(BLUE, 0.25F, 0); }, {0.25F, 0.5F, 0.25F}},
                           {"hue", [](ColorState& s) { s.editStrip(HUE, 1.0F / 3, 0); }, {0.25F, 1, 0.25F}},
                           {"hue of a whole turn", [](ColorState& s) { s.editStrip(HUE, 1, 0); }, {1, 0.25F, 0.25F}},
@@ -96,38 +92,15 @@ TEST(ColorState, KnowsWhichStripsChange) {
     }
 }
 
-TEST(ColorState, SurvivesColoursThatAreNone) {
-    constexpr float INF = std::numeric_limits<float>::infinity();
-    for (const float odd : {std::nanf(""), INF, -INF, std::numeric_limits<float>::max(), -1.0F}) {
-        ColorState state(true);
-        for (const Rgb& color : {Rgb{odd, 0, 0}, Rgb{0, odd, 1, odd}, Rgb{odd, odd, odd}}) {
-            state.setColor(color);
-            for (const ColorStrip strip : ALL_STRIPS) {
-                EXPECT_LE(static_cast<unsigned>(computeSliderMarker(state.getPosition(strip), 200, 5)), 195U);
-                (void)toRgbBytes(state.getStripColor(strip, 0.5F, odd));
-            }
-            EXPECT_TRUE((Bucket{{0, 0}, {99, 99}}).contains(computeFieldMarker(state.getFieldPosition(), {98, 98})));
-            state.editField({odd, odd});
-            state.editStrip(HUE, odd, odd);
-        }
-    }
-}
-
-TEST(LinearSpace, IsAPowerThereAndBack) {
+TEST(ColorOptions, MapThereAndBackAndStopAtWhatIsNone) {
     using enum PositionValueMap;
-    EXPECT_NEAR(mapLinearSpace(0.5F, POSITION_TO_VALUE), 0.21764F, 1e-5F);
-    for (const float position : {-2.0F, -0.25F, 0.0F, 0.001F, 0.5F, 1.0F, 8.0F}) {
-        EXPECT_NEAR(mapLinearSpace(mapLinearSpace(position, POSITION_TO_VALUE), VALUE_TO_POSITION), position, 1e-5F);
-    }
-}
-
-TEST(ColorOptions, StopAtWhatIsNone) {
+    EXPECT_NEAR(mapLinearSpace(-0.5F, POSITION_TO_VALUE), -0.21764F, 1e-5F);
+    EXPECT_NEAR(mapLinearSpace(0.21764F, VALUE_TO_POSITION), 0.5F, 1e-5F);
     ColorState state(false);
     const std::pair<int, Function<void()>> misuses[] = {
         {829, [&] { state.setRange(static_cast<ColorPickerRange>(3)); }},
         {862, [] { (void)mapLinearSpace(0.5F, static_cast<PositionValueMap>(2)); }},
-        {872, [&] { state.setSpace(static_cast<ColorPickerSpace>(-1)); }},
-    };
+        {872, [&] { state.setSpace(static_cast<ColorPickerSpace>(-1)); }}};
     for (const auto& [line, misuse] : misuses) {
         try {
             misuse();

@@ -1,11 +1,7 @@
-#include <OstrelLibWx/widgets/TextControl.h>
-
-#include "models/ColorConversion.h"
-#include "widgets/ColorWidgetTest.h"
 #include "widgets/EyeDropperButton.h"
-#include "widgets/HexColorEdit.h"
 
-#include <wx/dcclient.h>
+#include "widgets/ColorWidgetTest.h"
+
 #include <wx/display.h>
 
 namespace Ostrel::Wx {
@@ -63,7 +59,6 @@ TEST_F(EyeDropperTest, PicksTheMeanOfASquareAroundThePointer) {
         releaseButton();
         EXPECT_NEAR(picked.red, 1 - blue, 1e-4F) << radius << ", " << x;
         EXPECT_NEAR(picked.green, 0.4F * blue, 1e-4F);
-        EXPECT_NEAR(picked.blue, blue, 1e-4F);
         EXPECT_EQ(pixelAt(shown, 20, 20).blue, std::lround(255 * blue)) << "the button shows it meanwhile";
         EXPECT_THAT(log, ElementsAre("started", "picked", "ended"));
         expectOver("picked");
@@ -79,19 +74,15 @@ TEST_F(EyeDropperTest, PicksTheMeanOfASquareAroundThePointer) {
 }
 
 TEST_F(EyeDropperTest, EndsWithoutAColour) {
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"Escape", [this] { pressKey(WXK_ESCAPE); }},
-        {"capture lost",
-         [this] {
-             wxMouseCaptureLostEvent lost;
-             button->ProcessWindowEvent(lost);
-         }},
-        {"asked to", [this] { button->endPicking(); }},
-    };
-    for (const auto& [how, end] : ways) {
+    for (const char* const how : {"Escape", "capture lost"}) {
         press(*button, wxPoint(10, 10));
         dragTo(*target, wxPoint(5, 5));
-        end();
+        if (how == std::string("Escape")) {
+            pressKey(WXK_ESCAPE);
+        } else {
+            wxMouseCaptureLostEvent lost;
+            button->ProcessWindowEvent(lost);
+        }
         EXPECT_TRUE(pumpUntil([this] { return !button->isPicking(); })) << how;
         expectOver(how);
         releaseButton();
@@ -112,36 +103,6 @@ TEST_F(EyeDropperTest, MayBeDestroyedWhileItPicks) {
         EXPECT_EQ(wxWindow::GetCapture(), nullptr) << when;
         makeButton();
     }
-}
-
-using HexColorEditTest = ColorWidgetTest;
-
-TEST_F(HexColorEditTest, ReadsEachKeystrokeAndWritesOnlyWhatIsNotTyped) {
-    auto* const edit = new HexColorEdit(&panel(), 100);
-    wxTextCtrl& text = edit->getTextControl();
-    auto* const other = new wxTextCtrl(&panel(), wxID_ANY, "", wxPoint(20, 100));
-    other->SetFocus();
-    edit->onChanged = [this](const Rgb& color) { heard(wxString(formatHexColor(color).toWide()).ToStdString()); };
-    edit->onFocusGained = [this] { heard("focus"); };
-    edit->onFocusLost = [this] { heard("focus lost"); };
-    showAll();
-    edit->setColor({1, 0.5F, 0});
-    EXPECT_EQ(text.GetValue(), "FF8000");
-    EXPECT_TRUE(log.empty());
-
-    type(text, "ff8");
-    EXPECT_EQ(log.front(), "focus");
-    EXPECT_EQ(log.back(), "000FF8");
-    edit->setColor({0, 0, 1});
-    EXPECT_EQ(text.GetValue(), "ff8") << "what is typed is not disturbed";
-
-    log.clear();
-    other->SetFocus();
-    EXPECT_TRUE(pumpUntil([this] { return log == std::vector<std::string>{"focus lost"}; }));
-    EXPECT_EQ(text.GetValue(), "0000FF");
-    text.SetValue("#12");
-    EXPECT_THAT(log, ElementsAre("focus lost", "000000"));
-    EXPECT_EQ(text.GetValue(), "000000") << "nobody is typing";
 }
 
 } // namespace
