@@ -62,7 +62,7 @@ private:
     }
 
     void addStage() {
-        constexpr int STAGE_HEIGHT = 360;
+        constexpr int STAGE_HEIGHT = 350;
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("Show", [this] { showSpecimen(WITHOUT_ALPHA); }), GRID);
         addToRow(*row, makeButton("Show with alpha", [this] { showSpecimen(WITH_ALPHA); }), GRID);

@@ -102,27 +102,27 @@ TEST_F(ColorSliderTest, ShowsItsColoursAndAMarkerAcrossThem) {
 }
 
 TEST_F(ColorSliderTest, FieldShowsHueAndBlacknessAndIsDragged) {
-    auto* const slice = new HwbSlice(&panel(), wxSize(60, 40));
+    auto* const slice = new HwbSlice(&panel(), wxSize(80, 40));
     slice->onChanged = [this](float hue, float blackness) {
         heard(std::to_string(std::lround(hue)) + " " + std::to_string(blackness).substr(0, 4));
     };
     showAll();
     const wxSize size = slice->GetClientSize();
-    press(*slice, wxPoint(size.x / 2, size.y / 4));
+    press(*slice, wxPoint(size.x / 2, size.y / 5));
     dragTo(*slice, wxPoint(-30, size.y + 30));
     releaseButton();
-    EXPECT_THAT(log, ElementsAre("180 0.25", "0 1.00"));
+    EXPECT_THAT(log, ElementsAre("180 0.20", "0 1.00"));
     const auto at = [&](int x, int y) {
         return pixelAt(paintOffScreen(slice->GetClientSize(), [&](wxDC& dc) { slice->paint(dc); }), x, y);
     };
-    slice->setPosition({120, 0.5F});
+    slice->setPosition({180, 0.5F});
     EXPECT_EQ(at(0, 0), (PixelColour{255, 0, 0}));
     EXPECT_LE(at(0, size.y - 1).red, 255 / scaleByDpi(40) + 1);
-    EXPECT_EQ(at(size.x / 3 - scaleByDpi(4), size.y / 2), (PixelColour{255, 0, 255})) << "the marker";
+    EXPECT_EQ(at(size.x / 2 - scaleByDpi(4), size.y / 2), (PixelColour{255, 0, 0})) << "the marker";
     slice->SetSize(2 * size);
-    EXPECT_EQ(at(size.x * 2 / 3, 0), (PixelColour{0, 0, 255})) << "the field stays as it was";
+    EXPECT_EQ(at(size.x / 2, 0), (PixelColour{0, 255, 255})) << "the field stays as it was";
     slice->adoptSize();
-    EXPECT_EQ(at(size.x * 4 / 3, 0), (PixelColour{0, 0, 255}));
+    EXPECT_EQ(at(size.x, 0), (PixelColour{0, 255, 255}));
 }
 
 } // namespace
