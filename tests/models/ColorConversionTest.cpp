@@ -61,14 +61,6 @@ TEST(NeutralizingTint, MakesTheSampleGrey) {
     }
 }
 
-TEST(Sample, IsTheMeanOfThePixelsThatAreThere) {
-    EXPECT_EQ(getSampleRegion({10, -4}, 15), (Bucket{{-5, -19}, {26, 12}}));
-    const Rgb nothing{0, 0, 0, 0};
-    const Rgb pixels[] = {{1, 0.5F, 0}, {0, 0.5F, 1}, nothing, nothing};
-    EXPECT_EQ(averageSample(pixels), (Rgb{0.5F, 0.5F, 0.5F}));
-    EXPECT_EQ(averageSample({}), nothing);
-}
-
 TEST(HexText, IsSixDigitsAndReadAsAStreamReadsIt) {
     EXPECT_EQ(formatHexColor({1, 0.5F, 0, 0.25F}), String("FF8000"));
     EXPECT_EQ(formatHexColor({std::nanf(""), -7, 0.0392F}), String("00000A"));

@@ -23,25 +23,10 @@ TEST(SliderMarker, LiesWhereTheMouseIsAtEveryPixel) {
     }
 }
 
-TEST(SliderNumber, FollowsThePositionThroughTheMap) {
-    const PositionValueFunction square = [](float x, PositionValueMap direction) {
-        return direction == PositionValueMap::POSITION_TO_VALUE ? x * x : std::sqrt(x);
-    };
-    EXPECT_EQ(computeSliderNumber(0.5F, {1700, 15000}, {}), 8350.0F);
-    EXPECT_EQ(computeSliderNumber(0.5F, {0, 100}, square), 25.0F);
-    EXPECT_EQ(computeSliderPosition(25, {0, 100}, square), 0.5F);
+TEST(SliderNumber, IsOneInAnEmptyRangeAndWithoutAPosition) {
     EXPECT_EQ(computeSliderNumber(0.5F, {7, 7}, {}), 7.0F);
     EXPECT_EQ(computeSliderPosition(7, {7, 7}, {}), 0.0F);
-    EXPECT_EQ(computeSliderNumber(std::nanf(""), {3, 9}, square), 3.0F);
-}
-
-TEST(Field, FindsHueAcrossAndBlacknessDown) {
-    constexpr Pixel SIZE{234, 215};
-    EXPECT_EQ(findFieldPosition({117, 43}, SIZE), (FieldPosition{180, 0.2F}));
-    EXPECT_EQ(findFieldPosition({-5, 900}, SIZE), (FieldPosition{0, 1}));
-    EXPECT_EQ(findFieldPosition({3, 3}, {0, 0}), FieldPosition{});
-    EXPECT_EQ(computeFieldMarker({180, 0.2F}, SIZE), (Pixel{117, 43}));
-    EXPECT_EQ(computeFieldMarker({700, std::nanf("")}, SIZE), (Pixel{234, 0}));
+    EXPECT_EQ(computeSliderNumber(std::nanf(""), {3, 9}, {}), 3.0F);
 }
 
 TEST(Field, ShowsTheColourOfEachPixel) {
