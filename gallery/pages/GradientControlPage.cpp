@@ -67,7 +67,7 @@ private:
             log().report("Gradient control", wxString::Format("onChange(points at %s)", positions));
         });
         wxBoxSizer* const section =
-            addSection("Live", "Drag a handle; double-click it to change its color; double-click elsewhere to add a "
+            addSection("Live", "Drag a handle; double-click it to change its colour; double-click elsewhere to add a "
                                "point; the right button removes one.");
         section->Add(_live);
         section->AddSpacer(Wx::scaleByDpi(GRID));
@@ -101,7 +101,7 @@ private:
                            {{50.0F, 0.8F, 1.0F}, 0.5F},
                            {{230.0F, 0.8F, 0.4F}, 0.5F},
                            {{190.0F, 0.6F, 1.0F}, 1.0F}}));
-        addSection("Points", "Left and right of the outermost points their colors go on.")->Add(points);
+        addSection("Points", "Left and right of the outermost points their colours go on.")->Add(points);
 
         auto* const ranges = new wxBoxSizer(wxHORIZONTAL);
         add(*ranges, "0 to 1", third, SUNSET);

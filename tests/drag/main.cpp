@@ -1,4 +1,4 @@
-// Shows color picker buttons between which colors are dragged with the pointer: tools/check-drag.
+// Shows color picker buttons between which colours are dragged with the pointer: tools/check-drag.
 // Usage: swatch-window CASE X END-FILE. The window is X pixels from the left. Writes one line for each thing that
 // happens, and ends when END-FILE exists. CASE: "plain"; "disabled", the second button is; "destroy", both are
 // destroyed by what the second one tells.
@@ -26,80 +26,25 @@ using namespace Ostrel;
 
 constexpr int LOOK_AGAIN_MS = 20;
 
-void say(const std::string& line) {
-    std::puts(line.c_str());
+void say(const std::string& what, const Rgb& color) {
+    const auto bits = [](float channel) { return static_cast<unsigned>(std::bit_cast<std::uint32_t>(channel)); };
+    std::printf("%s %08x %08x %08x %08x\n", what.c_str(), bits(color.red), bits(color.green), bits(color.blue),
+                bits(color.alpha));
     std::fflush(stdout);
 }
 
-std::string describe(const Rgb& color) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%08x %08x %08x %08x", std::bit_cast<std::uint32_t>(color.red),
-                  std::bit_cast<std::uint32_t>(color.green), std::bit_cast<std::uint32_t>(color.blue),
-                  std::bit_cast<std::uint32_t>(color.alpha));
-    return text;
+wxWeakRef<Wx::ColorPickerButton> makeButton(wxWindow* parent, const std::string& name, int y, const Rgb& color) {
+    auto* const button = new Wx::ColorPickerButton(parent, String::fromUtf8(name), wxSize(80, 40), true);
+    button->Move(40, y);
+    button->setColor(color, false);
+    button->setCommitCallback([name](const Rgb& told) { say("commit " + name, told); });
+    button->setPreviewCallback([name](const Rgb& told) { say("preview " + name, told); });
+    return button;
 }
 
-class Swatches : public wxFrame {
-public:
-    Swatches(const std::string& name, int x, const wxString& end)
-        : wxFrame(nullptr, wxID_ANY, "swatch-window", wxPoint(x, 100))
-        , _panel(new wxPanel(this))
-        , _destroys(name == "destroy")
-        , _end(end) {
-        SetClientSize(320, 240);
-        _first = make("first", wxPoint(40, 40), {2.5F, -0.25F, 0.1F, 0.75F});
-        _second = make("second", wxPoint(40, 140), {});
-        _second->Enable(name != "disabled");
-        _timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { look(); });
-        _timer.Start(LOOK_AGAIN_MS);
-        Show();
-    }
-
-    /// Where the buttons' middles are on the screen.
-    void tellPlaces() {
-        const auto middle = [](const wxWindow& window) {
-            const wxPoint point = window.ClientToScreen(wxPoint(0, 0)) + window.GetClientSize() / 2;
-            return std::to_string(point.x) + " " + std::to_string(point.y);
-        };
-        say("ready " + middle(*_first) + " " + middle(*_second));
-    }
-
-private:
-    Wx::ColorPickerButton* make(const std::string& name, wxPoint place, const Rgb& color) {
-        auto* const button = new Wx::ColorPickerButton(_panel, String::fromUtf8(name), wxSize(80, 40), true);
-        button->Move(place);
-        button->setColor(color, false);
-        button->setCommitCallback([this, name](const Rgb& told) {
-            say("commit " + name + " " + describe(told));
-            if (_destroys) {
-                _first->Destroy();
-                _second->Destroy();
-            }
-        });
-        button->setPreviewCallback([name](const Rgb& told) { say("preview " + name + " " + describe(told)); });
-        return button;
-    }
-
-    void look() {
-        for (wxWindow* const window : wxTopLevelWindows) {
-            auto* const picker = dynamic_cast<Wx::ColorPicker*>(window);
-            if (picker != nullptr && picker->IsModal()) {
-                say("picker");
-                picker->EndModal(wxID_OK);
-            }
-        }
-        if (wxFileName::FileExists(_end)) {
-            LibWx::stopEventLoop();
-        }
-    }
-
-    wxPanel* _panel;
-    bool _destroys;
-    wxString _end;
-    wxTimer _timer;
-    wxWeakRef<Wx::ColorPickerButton> _first;
-    wxWeakRef<Wx::ColorPickerButton> _second;
-};
+wxPoint getMiddle(const wxWindow& window) {
+    return window.ClientToScreen(wxPoint(0, 0)) + window.GetClientSize() / 2;
+}
 
 } // namespace
 
@@ -107,21 +52,50 @@ int main(int argc, char** argv) {
     if (argc != 4) {
         return 2;
     }
+    const std::string name = argv[1];
+    const wxString end = wxString::FromUTF8(argv[3]);
     LibWx::startup(LibWx::ApplicationType::STANDALONE);
-    auto* const window = new Swatches(argv[1], std::atoi(argv[2]), wxString::FromUTF8(argv[3]));
-    wxTimer shown;
-    shown.Bind(wxEVT_TIMER, [window, &shown](wxTimerEvent&) {
-        // Placed and active: it takes input from now on.
-        if (window->IsActive()) {
-            shown.Stop();
-            window->tellPlaces();
-        } else {
-            window->Raise();
+    auto* const frame = new wxFrame(nullptr, wxID_ANY, "swatch-window", wxPoint(std::atoi(argv[2]), 100));
+    auto* const panel = new wxPanel(frame);
+    frame->SetClientSize(320, 240);
+    const auto first = makeButton(panel, "first", 40, {2.5F, -0.25F, 0.1F, 0.75F});
+    const auto second = makeButton(panel, "second", 140, {});
+    second->Enable(name != "disabled");
+    if (name == "destroy") {
+        second->setCommitCallback([&](const Rgb& told) {
+            say("commit second", told);
+            first->Destroy();
+            second->Destroy();
+        });
+    }
+    frame->Show();
+    bool ready = false;
+    wxTimer timer;
+    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+        if (!ready && frame->IsActive()) { // placed, and it takes input from now on
+            ready = true;
+            const wxPoint a = getMiddle(*first);
+            const wxPoint b = getMiddle(*second);
+            std::printf("ready %d %d %d %d\n", a.x, a.y, b.x, b.y);
+            std::fflush(stdout);
+        } else if (!ready) {
+            frame->Raise();
+        }
+        for (wxWindow* const window : wxTopLevelWindows) {
+            auto* const picker = dynamic_cast<Wx::ColorPicker*>(window);
+            if (picker != nullptr && picker->IsModal()) {
+                std::puts("picker");
+                std::fflush(stdout);
+                picker->EndModal(wxID_OK);
+            }
+        }
+        if (wxFileName::FileExists(end)) {
+            LibWx::stopEventLoop();
         }
     });
-    shown.Start(LOOK_AGAIN_MS);
+    timer.Start(LOOK_AGAIN_MS);
     LibWx::runEventLoop();
-    window->Destroy();
+    frame->Destroy();
     LibWx::processAllPendingEvents();
     LibWx::shutdown();
     return 0;

@@ -75,8 +75,6 @@ TEST(GradientHandles, AreHitWithinTheirRadiusTheLowestIndexFirst) {
 
 TEST(GradientDrag, MovesThePointPastItsNeighboursAndSortsAtItsEnd) {
     GradientEditing editing = makeEditing({0.0F, 0.5F, 1.0F});
-    EXPECT_FALSE(editing.press({30, 34}));
-    EXPECT_FALSE(editing.drag({80, 34}));
     ASSERT_TRUE(editing.press({6, 34}));
     EXPECT_TRUE(editing.drag({72, 5})) << "at any height";
     EXPECT_THAT(positionsOf(editing), ElementsAre(testing::FloatEq(66.0F / 99.0F), 0.5F, 1.0F));
@@ -84,7 +82,6 @@ TEST(GradientDrag, MovesThePointPastItsNeighboursAndSortsAtItsEnd) {
     EXPECT_THAT(positionsOf(editing), ElementsAre(0.5F, testing::FloatEq(66.0F / 99.0F), 1.0F));
     EXPECT_EQ(editing.getSelected(), 1u);
     EXPECT_EQ(editing.getGradient().getPoints()[1].color, RED);
-    EXPECT_FALSE(editing.drag({20, 34}));
 }
 
 TEST(GradientDrag, OutlivesWhatHappensToItsPoint) {
@@ -97,10 +94,8 @@ TEST(GradientDrag, OutlivesWhatHappensToItsPoint) {
     EXPECT_FALSE(editing.drag({30, 34})) << "it is gone";
     ASSERT_TRUE(editing.press({106, 34}));
     editing.setGradient({});
-    EXPECT_FALSE(editing.drag({30, 34}));
     editing.release();
-    EXPECT_FALSE(editing.recolor(RED));
-    EXPECT_FALSE(editing.remove({106, 34}));
+    EXPECT_FALSE(editing.drag({30, 34}) || editing.recolor(RED) || editing.remove({106, 34}));
 }
 
 TEST(GradientEdit, TakesAHandleOrAddsAPointOfTheColourThatIsThere) {
@@ -111,8 +106,6 @@ TEST(GradientEdit, TakesAHandleOrAddsAPointOfTheColourThatIsThere) {
     const ColorGradientPoint& added = editing.getGradient().getPoints()[1];
     EXPECT_FLOAT_EQ(added.position, 33.0F / 99.0F);
     EXPECT_EQ(toRgbBytes(hsvToRgb(added.color)), (RgbBytes{170, 0, 85})) << "a third of the way from red to blue";
-    ASSERT_TRUE(editing.recolor(BLUE));
-    EXPECT_EQ(editing.getGradient().getPoints()[1].color, BLUE);
     for (const Pixel outside : {Pixel{-1, 3}, Pixel{112, 3}, Pixel{50, 40}, Pixel{50, -1}}) {
         EXPECT_EQ(editing.edit(outside), std::nullopt);
     }
@@ -120,8 +113,6 @@ TEST(GradientEdit, TakesAHandleOrAddsAPointOfTheColourThatIsThere) {
 
     editing.setGradient(ColorGradient({{{NAN_VALUE, NAN_VALUE, 0.5F}, 0.0F}}));
     EXPECT_EQ(editing.edit({60, 3}), 1u) << "a colour that equals nothing, not even itself";
-    editing.setSize({0, 0});
-    EXPECT_EQ(editing.edit({0, 0}), std::nullopt);
 }
 
 } // namespace

@@ -16,8 +16,6 @@ TEST(ProbeTexts, AreLinesOfFiveDecimals) {
               "Original\nLinear RGB:\nR: 1.70000\nG: -0.20000\nB: 0.00000\nA: 0.50000");
     EXPECT_EQ(formatProbedTonemapped({ENDLESS, -ENDLESS, -NAN_VALUE}, 1.0F),
               "Tonemapped\nsRGB:\nR: inf\nG: -inf\nB: nan\nA: 1.00000");
-    EXPECT_EQ(formatProbedTonemapped({-std::numeric_limits<float>::max(), 0.0F, 0.0F}, 1.0F).substr(0, 62),
-              "Tonemapped\nsRGB:\nR: -340282346638528859811704183484516925440.0");
 }
 
 TEST(ProbeTexts, RoundColoursToTheEvenIntegerAndAlphaUp) {

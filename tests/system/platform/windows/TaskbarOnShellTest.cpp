@@ -1,6 +1,6 @@
 #include <OstrelLibWx/TaskbarProgress.h>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
@@ -16,7 +16,6 @@
 namespace {
 
 using namespace Ostrel;
-using testing::ElementsAre;
 
 const CLSID TASKBAR_LIST{0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
 const WindowHandle WINDOW(0x4711);
@@ -98,46 +97,29 @@ private:
     RecordingTaskbarList _taskbar;
 };
 
-class TaskbarOnShell : public testing::Test {
-protected:
-    void SetUp() override {
+TEST(TaskbarOnShell, IsCalledForEachChangeReleasedLastAndMayBeMissing) {
+    RecordingFactory factory;
+    DWORD cookie = 0;
+    ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    ASSERT_EQ(CoRegisterClassObject(TASKBAR_LIST, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
+    const std::vector<std::string> all{"state 0", "state 2",      "500 of 1000", "state 1",
+                                       "state 2", "2000 of 1000", "state 0",     "released"};
+    for (const bool fails : {false, true}) {
+        factory.fails = fails;
         calls.clear();
-        ASSERT_GE(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
-        ASSERT_EQ(CoRegisterClassObject(TASKBAR_LIST, &_factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &_cookie),
-                  S_OK);
+        {
+            Wx::TaskbarProgress first{WINDOW};
+            Wx::TaskbarProgress progress(std::move(first));
+            progress.setIdle();
+            progress.setProgress(0.5F);
+            progress.setProgress(0.5004F);
+            progress.setIndeterminate();
+            progress.setProgress(2.0F);
+        }
+        EXPECT_EQ(calls, fails ? std::vector<std::string>{} : all);
     }
-    void TearDown() override {
-        CoRevokeClassObject(_cookie);
-        CoUninitialize();
-    }
-
-    RecordingFactory _factory;
-    DWORD _cookie = 0;
-};
-
-TEST_F(TaskbarOnShell, IsCalledForEachChangeAndReleasedLast) {
-    {
-        Wx::TaskbarProgress first{WINDOW};
-        EXPECT_THAT(calls, ElementsAre("state 0"));
-        Wx::TaskbarProgress progress(std::move(first));
-        progress.setIdle();
-        progress.setProgress(0.5F);
-        progress.setProgress(0.5004F);
-        progress.setIndeterminate();
-        progress.setProgress(2.0F);
-    }
-    EXPECT_THAT(calls, ElementsAre("state 0", "state 2", "500 of 1000", "state 1", "state 2", "2000 of 1000", "state 0",
-                                   "released"));
-}
-
-TEST_F(TaskbarOnShell, MayBeMissing) {
-    _factory.fails = true;
-    {
-        Wx::TaskbarProgress progress{WINDOW};
-        progress.setProgress(0.5F);
-        progress.setIndeterminate();
-    }
-    EXPECT_TRUE(calls.empty());
+    CoRevokeClassObject(cookie);
+    CoUninitialize();
 }
 
 } // namespace
