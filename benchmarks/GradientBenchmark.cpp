@@ -11,7 +11,7 @@ namespace {
 
 using namespace Ostrel;
 
-constexpr wxSize SIZE{600, 48};
+const wxSize SIZE(600, 48);
 
 ColorGradient makeGradient(int count) {
     Array<ColorGradientPoint> points;
