@@ -1,0 +1,56 @@
+#include "widgets/DialogParts.h"
+
+#include <OstrelLibWx/WindowUtils.h>
+
+#include "models/MessageDialogModel.h"
+
+#include <wx/toplevel.h>
+
+#include <algorithm>
+
+namespace Ostrel::Wx {
+
+namespace {
+
+// Design pixels; an entry of a dropdown button has the same size.
+constexpr int BUTTON_WIDTH = 73;
+constexpr int BUTTON_HEIGHT = 24;
+constexpr int BUTTON_PADDING = 8;
+
+} // namespace
+
+void placeOverOwner(wxTopLevelWindow* window, WindowHandle owner) {
+    const Bucket region =
+        owner ? getScreenRegion(owner) : getMonitorRegionByWindow(window, MonitorRegionType::WORK_AREA);
+    const wxSize size = window->GetSize();
+    smartPositionWindow(window, centreInRegion(region, {size.x, size.y}));
+}
+
+void placeOverParent(wxTopLevelWindow* window) {
+    wxWindow* const parent = window->GetParent();
+    placeOverOwner(window, parent != nullptr ? getWindowNativeHandle(wxGetTopLevelParent(parent)) : WindowHandle());
+}
+
+Button* makeDialogButton(wxWindow* parent, const GuiSkin& skin, const String& label, Function<void()> onClick,
+                         Button::Behavior behavior) {
+    auto* const button = new Button(parent, skin, wxID_ANY, label.toWide(), wxBitmap(), wxBitmap(), std::move(onClick),
+                                    behavior, true, {});
+    const int width = button->GetTextExtent(label.toWide()).x + 2 * scaleByDpi(BUTTON_PADDING);
+    button->SetMinSize(wxSize(std::max(scaleByDpi(BUTTON_WIDTH), width), scaleByDpi(BUTTON_HEIGHT)));
+    return button;
+}
+
+StaticText* makeDialogLabel(wxWindow* parent, const String& text) {
+    return new StaticText(parent, wxID_ANY, text, 0, {}, wxDefaultSize);
+}
+
+void setChoices(ComboBox& box, ArrayView<const char* const> texts, int selected) {
+    Array<ComboBox::Item> items;
+    for (const char* const text : texts) {
+        items.push_back({text, static_cast<int>(items.size())});
+    }
+    box.setData(items);
+    box.selectIndex(selected, false);
+}
+
+} // namespace Ostrel::Wx
