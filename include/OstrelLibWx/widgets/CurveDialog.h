@@ -66,11 +66,11 @@ public:
 ///
 /// The panel takes what the dialog grows by; the dialog cannot be made smaller than it is at first. It lies over the
 /// middle of its parent, and on the screen. It is closed by the title bar or `Close`, and then destroys itself: it is
-/// made with `new`. Its parent destroys it too.
+/// made with `new`.
 class OSTREL_WX_API CurveDialog : public wxFrame {
 public:
     /// Builds the dialog and shows it.
-    /// @param parent stays behind the dialog; null: there is none
+    /// @param parent destroys the dialog with itself; null: there is none
     /// @param callbacks kept as long as the dialog lives; stop exception ("widgets/CurveDialog") if they, or the
     ///     panel's, are null
     CurveDialog(wxWindow* parent, const GuiSkin& skin, const String& title, const ColorCurve& curves,
