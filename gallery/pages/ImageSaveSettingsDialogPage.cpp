@@ -19,7 +19,8 @@ public:
                "ImageSaveSettingsDialog asks how a picture is to be saved, and offers what was accepted last.") {
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("Anything", [this] { ask(Dialog::getAllFormats(), true); }), GRID);
-        for (const ImageFormat format : {ImageFormat::PNG, ImageFormat::TIFF, ImageFormat::OPENEXR, ImageFormat::JPEG}) {
+        for (const ImageFormat format :
+             {ImageFormat::PNG, ImageFormat::TIFF, ImageFormat::OPENEXR, ImageFormat::JPEG}) {
             const ImageFormatDescriptor& file = getImageFormatDescriptor(format);
             addToRow(*row, makeButton(file.name.toWide(), [this, &file] { ask(file.colorFormats, file.canHoldAlpha); }),
                      GRID);

@@ -4,19 +4,16 @@
 #include "PictureView.h"
 #include "lab/Renderer.h"
 
-#include <OstrelLibWx/CurvesFile.h>
-#include <OstrelLibWx/FileDialogs.h>
-#include <OstrelLibWx/MessageDialog.h>
 #include <OstrelLibWx/WindowUtils.h>
+#include <OstrelLibWx/widgets/CurveDialog.h>
 #include <OstrelLibWx/widgets/CurvePanel.h>
 
 #include <wx/timer.h>
+#include <wx/weakref.h>
 
 namespace Ostrel::Gallery {
 
 namespace {
-
-constexpr const char* ERROR_TITLE = "Nimbra Renderer Error";
 
 constexpr Pixel RENDER_SIZE{720, 640};
 constexpr int PASS_LIMIT = 400;
@@ -80,6 +77,23 @@ private:
     Histogram _lastHistogram;
 };
 
+/// The same in a window of its own.
+class DialogCurves : public Wx::ICurveDialogCallbacks {
+public:
+    explicit DialogCurves(SharedPtr<PictureCurves> curves)
+        : _curves(std::move(curves)) {}
+
+    SharedPtr<Wx::ICurvePanelCallbacks> getPanelCallbacks() override { return _curves; }
+    Wx::CurveDialogFileRow getFileRow() override { return {}; }
+    bool isPickWanted() override { return true; }
+    bool isEqualizeWanted() override { return true; }
+    void onDropdownShown(wxWindow*) override {}
+    void onDropdownHidden(wxWindow*) override {}
+
+private:
+    SharedPtr<PictureCurves> _curves;
+};
+
 /// A picture, and the curves that correct it.
 class LabPage : public Page {
 public:
@@ -110,7 +124,12 @@ public:
         }
     }
 
+    ~LabPage() override { delete _dialog.get(); }
+
     void onPageShown(bool shown) override {
+        if (!shown && _dialog) {
+            _dialog->Close();
+        }
         if (_renderer) {
             _renderer->setPaused(!shown);
             const bool isMissingPasses = _passCount < _renderer->getPassLimit();
@@ -145,16 +164,16 @@ private:
 
     wxSizer* makePictureColumn() {
         _view = new PictureView(this,
-                                {[this](Pixel position) { _controller->beginPick(position); },
-                                 [this](Pixel position) { _controller->movePick(position); },
-                                 [this] { _controller->endPick(); }},
+                                {[this](Pixel position) { getController().beginPick(position); },
+                                 [this](Pixel position) { getController().movePick(position); },
+                                 [this] { getController().endPick(); }},
                                 [this] { updateStatus(); });
         _view->SetMinSize(Wx::scaleByDpi(wxSize(CONTENT_WIDTH - PANEL_SIZE - 2 * GRID, 352)));
         _status = makeText(TextRole::CAPTION, " ");
         auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
         const auto fit = [this] { _view->fit(); };
         const auto showUnscaled = [this] { _view->showUnscaled(); };
-        const auto pick = [this] { _view->setPicking(_pick->isToggled()); };
+        const auto pick = [this] { updatePicking(); };
         _pick = makeButton("Pick", pick, Wx::Button::TOGGLE, BUTTON_WIDTH);
         addToRow(*buttons, makeButton("Fit", fit, Wx::Button::PUSH, BUTTON_WIDTH), GAP);
         addToRow(*buttons, makeButton("1 : 1", showUnscaled, Wx::Button::PUSH, BUTTON_WIDTH), GAP);
@@ -187,6 +206,9 @@ private:
         const bool isLast = _passCount == _renderer->getPassLimit();
         if (isFirst || isLast) {
             _panel->updateHistogram(); // otherwise the panel asks by itself
+            if (_dialog) {
+                _dialog->updateHistogram();
+            }
         }
         if (isLast) {
             _timer.Stop();
@@ -194,7 +216,11 @@ private:
     }
 
     void setPicture(const SharedPtr<const BitmapImpl<Rgb>>& picture) {
+        _picture = picture;
         _curves->setPicture(picture);
+        if (_dialogCurves) {
+            _dialogCurves->setPicture(picture);
+        }
         _view->setPicture(picture);
     }
 
@@ -214,6 +240,9 @@ private:
         _curves = std::make_shared<PictureCurves>(_isRendered, [this](CurveChannel channel, const Curve& curve) {
             log().report("CurvePanel", wxString::Format("onCurveChanged(%s), %zu points",
                                                         CHANNELS[static_cast<int>(channel)], curve.getPoints().size()));
+            if (_dialog && _dialog->getPanel()->getCurrentCurves()[channel] != curve) {
+                _dialog->getPanel()->setCurve(curve, channel, false);
+            }
             applyCurves();
         });
         _curves->setView(*_view);
@@ -235,8 +264,7 @@ private:
             *column, "Curves",
             {makeSmallButton("Reset", [this] { _panel->setCurve(Curve(), _panel->getSelectedCurveChannel(), true); }),
              makeSmallButton("Reset all", [this] { _panel->setCurves(ColorCurve()); }),
-             makeSmallButton("Load...", [this] { loadCurves(); }),
-             makeSmallButton("Save...", [this] { saveCurves(); })});
+             makeSmallButton("Dialog...", [this] { openDialog(); })});
         return column;
     }
 
@@ -284,36 +312,36 @@ private:
         _view->setTones(ToneTables(_panel->getCurrentCurves(), values));
     }
 
-    void loadCurves() {
-        const Path path = Wx::filenameOpenDlg(getOwner(), "Select file", Wx::CURVES_FILE_WILDCARD, _lastFile);
-        if (path.isEmpty()) {
+    /// The same curves in a window: what is changed in one of the two is changed in the other.
+    void openDialog() {
+        if (_dialog) {
+            _dialog->Raise();
             return;
         }
-        _lastFile = path;
-        if (const auto curves = Wx::loadCurves(path)) {
-            _panel->setCurves(*curves);
-        } else {
-            showError("Cannot load curves from a file.");
-        }
+        _dialogCurves = std::make_shared<PictureCurves>(
+            _isRendered, [this](CurveChannel channel, const Curve& curve) { _panel->setCurve(curve, channel, true); });
+        _dialogCurves->setView(*_view);
+        _dialogCurves->setPicture(_picture);
+        _dialog = new Wx::CurveDialog(wxGetTopLevelParent(this), Wx::GuiSkin(), "Tone curves",
+                                      _panel->getCurrentCurves(), std::make_shared<DialogCurves>(_dialogCurves));
+        _dialogController = _dialog->getController();
+        _dialog->Bind(Wx::Button::clickEventType(), [this](wxMouseEvent& event) {
+            updatePicking();
+            event.Skip();
+        });
+        _dialog->Bind(wxEVT_DESTROY, [this](wxWindowDestroyEvent& event) {
+            event.Skip();
+            if (event.GetEventObject() == _dialog.get()) {
+                CallAfter([this] { updatePicking(); });
+            }
+        });
     }
 
-    void saveCurves() {
-        const Path path = Wx::filenameSaveDlg(getOwner(), "Save as", Wx::CURVES_FILE_WILDCARD,
-                                              Wx::FileSelect::CONFIRM_OVERWRITE, _lastFile);
-        if (path.isEmpty()) {
-            return;
-        }
-        _lastFile = path;
-        if (!Wx::saveCurves(_panel->getCurrentCurves(), path)) {
-            showError("Cannot save curves into a file.");
-        }
-    }
+    [[nodiscard]] bool isDialogPicking() const { return _dialog && _dialog->isPicking(); }
 
-    void showError(const String& message) {
-        Wx::showOkDialog(getOwner(), ERROR_TITLE, message, Wx::MessageDialogIcon::ERROR_ICON);
-    }
+    Wx::ICurvePanelController& getController() { return isDialogPicking() ? *_dialogController : *_controller; }
 
-    WindowHandle getOwner() { return Wx::getWindowNativeHandle(wxGetTopLevelParent(this)); }
+    void updatePicking() { _view->setPicking(_pick->isToggled() || isDialogPicking()); }
 
     const bool _isRendered;
     const wxString _name;
@@ -324,8 +352,11 @@ private:
     Wx::CurvePanel* _panel = nullptr;
     AutoPtr<Wx::ICurvePanelController> _controller;
     Array<Array<Wx::Button*>> _choices;
-    Path _lastFile;
-    AutoPtr<Renderer> _renderer; ///< null if the picture is a file's
+    SharedPtr<const BitmapImpl<Rgb>> _picture;
+    wxWeakRef<Wx::CurveDialog> _dialog;
+    SharedPtr<PictureCurves> _dialogCurves;
+    AutoPtr<Wx::ICurvePanelController> _dialogController; ///< of that dialog
+    AutoPtr<Renderer> _renderer;                          ///< null if the picture is a file's
     int _passCount = 0;
     wxTimer _timer;
 };

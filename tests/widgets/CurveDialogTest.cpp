@@ -64,7 +64,9 @@ public:
     };
 
     SharedPtr<ICurvePanelCallbacks> getPanelCallbacks() override { return panel; }
-    CurveDialogFileRow getFileRow() override { return {folder / "", {{"Own", [this] { call("own"); }}}}; }
+    CurveDialogFileRow getFileRow() override {
+        return {folder / "", {{"Own", [this] { call("own"); }}}};
+    }
     bool isPickWanted() override { return isPickThere; }
     bool isEqualizeWanted() override { return isEqualizeThere; }
     void onDropdownShown(wxWindow* window) override { call(window->IsShown() ? "shown" : "shown?"); }
@@ -160,8 +162,8 @@ TEST_F(CurveDialogControls, EditTheSelectedChannel) {
     EXPECT_THAT(host->takeLog(), ElementsAre("changed 1 straight"));
     chooseReset(WXK_END);
     EXPECT_EQ(dialog->getPanel()->getCurrentCurves(), ColorCurve());
-    EXPECT_THAT(host->takeLog(), ElementsAre("changed 0 straight", "changed 1 straight", "changed 2 straight",
-                                             "changed 3 straight"));
+    EXPECT_THAT(host->takeLog(),
+                ElementsAre("changed 0 straight", "changed 1 straight", "changed 2 straight", "changed 3 straight"));
 }
 
 TEST_F(CurveDialogControls, EqualizeTheMasterCurveAndShowTheHistogramCumulative) {
@@ -226,14 +228,10 @@ TEST_F(CurveDialogWindow, HasWhatTheHostWantsAndGrowsWithItsPanel) {
 
 TEST_F(CurveDialogHost, MayDestroyTheDialogInAnyCallback) {
     const std::function<void()> actions[] = {
-        [this] { clickOn("Equalize"); },
-        [this] { clickOn("Own"); },
-        [this] { dialog->setCurves({}); },
-        [this] { dialog->updateHistogram(); },
-        [this] { box(0).selectIndex(1, true); },
-        [this] { box(1).selectIndex(1, true); },
-        [this] { box(2).selectIndex(1, true); },
-        [this] { box(2).open(); },
+        [this] { clickOn("Equalize"); },         [this] { clickOn("Own"); },
+        [this] { dialog->setCurves({}); },       [this] { dialog->updateHistogram(); },
+        [this] { box(0).selectIndex(1, true); }, [this] { box(1).selectIndex(1, true); },
+        [this] { box(2).selectIndex(1, true); }, [this] { box(2).open(); },
         [this] { chooseReset(WXK_HOME); },
     };
     for (const auto& act : actions) {
@@ -273,18 +271,21 @@ protected:
     /// Clicks the button and gives its file dialog this name.
     /// @param error the message that follows; empty for none
     void choose(const wxString& label, const String& title, const String& name, const String& error,
-                bool isConfirmed = false) {
+                const Function<void()>& beforeReplacing = {}) {
         WindowHandle files;
-        Array<DialogUser::Step> steps{
-            {"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
-             [&] { Driver::enterNameField(files, input()); }},
-            {"the name field", [&] { return Driver::isInNameField(files); },
-             [&] { input().Text(name.toUtf8().c_str()); }},
-            {"the name", [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
-             [&] { input().Char(WXK_RETURN); }}};
-        if (isConfirmed) {
-            steps.push_back(
-                {"the question", [&] { return Driver::hasMessage(files); }, [&] { input().Char(WXK_RETURN); }});
+        Array<DialogUser::Step> steps{{"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
+                                       [&] { Driver::enterNameField(files, input()); }},
+                                      {"the name field", [&] { return Driver::isInNameField(files); },
+                                       [&] { input().Text(name.toUtf8().c_str()); }},
+                                      {"the name",
+                                       [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
+                                       [&] { input().Char(WXK_RETURN); }}};
+        if (beforeReplacing) {
+            steps.push_back({"the question", [&] { return Driver::hasMessage(files); },
+                             [&] {
+                                 beforeReplacing();
+                                 input().Char(WXK_RETURN);
+                             }});
         }
         const auto isTold = [] { return ModalDriver::findActive<MessageDialog>() != nullptr; };
         if (!error.isEmpty()) {
@@ -295,9 +296,12 @@ protected:
                                  input().Char(WXK_RETURN);
                              }});
         }
-        const DialogUser user(steps);
-        clickOn(label);
-        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive(); }));
+        {
+            const DialogUser user(steps);
+            clickOn(label);
+        }
+        dialog->Raise();
+        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive(); })) << "after " << name.toUtf8();
     }
 };
 
@@ -315,8 +319,8 @@ TEST_F(CurveDialogFiles, KeepPointsAndNotHowTheyAreJoined) {
     choose("Load", "Select file", "bent.acv", {});
     EXPECT_EQ(curve(RED), Curve((*saved)[RED].getPoints(), CurveInterpolation::LINEAR));
     EXPECT_EQ(curve(BLUE), Curve());
-    EXPECT_THAT(host->takeLog(), ElementsAre("changed 0 straight", "changed 1 bent", "changed 2 straight",
-                                             "changed 3 straight"));
+    EXPECT_THAT(host->takeLog(),
+                ElementsAre("changed 0 straight", "changed 1 bent", "changed 2 straight", "changed 3 straight"));
 }
 
 TEST_F(CurveDialogFiles, TellOfEveryFailureAlikeAndChangeNothing) {
@@ -328,6 +332,11 @@ TEST_F(CurveDialogFiles, TellOfEveryFailureAlikeAndChangeNothing) {
     std::ofstream((host->folder / "cut.acv").native(), std::ios::binary).write("\0\4\0\4\0\2\0\0\0", 9);
     choose("Load", "Select file", "version.acv", "Cannot load curves from a file.");
     choose("Load", "Select file", "cut.acv", "Cannot load curves from a file.");
+    choose("Save", "Save as", "cut.acv", "Cannot save curves into a file.", [this] {
+        const auto file = (host->folder / "cut.acv").native(); // becomes a folder, which nobody can write to
+        std::filesystem::remove(file);
+        std::filesystem::create_directory(file);
+    });
     EXPECT_EQ(dialog->getPanel()->getCurrentCurves(), bent);
     EXPECT_THAT(host->log, IsEmpty());
 }

@@ -143,9 +143,9 @@ void CurveDialog::addGrid(wxSizer& rows) {
     showInterpolation();
     _impl->histograms = makeBox(HISTOGRAM_LABELS, 0,
                                 [this](int type) { _impl->panel->setHistogramType(static_cast<HistogramType>(type)); });
-    _impl->reset = new DropdownButton(
-        this, _impl->skin, wxID_ANY, "Reset",
-        {{wxID_ANY, "Reset", [this] { reset(); }}, {wxID_ANY, "Reset All", [this] { resetAll(); }}});
+    _impl->reset =
+        new DropdownButton(this, _impl->skin, wxID_ANY, "Reset",
+                           {{wxID_ANY, "Reset", [this] { reset(); }}, {wxID_ANY, "Reset All", [this] { resetAll(); }}});
     if (_impl->callbacks->isPickWanted()) {
         _impl->pick = makeDialogButton(this, _impl->skin, "Pick", {}, Button::TOGGLE);
     }
@@ -245,8 +245,7 @@ void CurveDialog::equalize() {
 
 void CurveDialog::load() {
     const wxWeakRef<CurveDialog> self(this);
-    const Path path =
-        filenameOpenDlg(getWindowNativeHandle(this), "Select file", CURVES_FILE_WILDCARD, _impl->file);
+    const Path path = filenameOpenDlg(getWindowNativeHandle(this), "Select file", CURVES_FILE_WILDCARD, _impl->file);
     if (!self || path.isEmpty()) {
         return;
     }
