@@ -14,8 +14,8 @@ namespace Ostrel::Gallery {
 
 namespace {
 
-/// The temperatures of a slice through a plume, in kelvin.
-constexpr float HOTTEST = 1800.0f;
+/// Of a slice through a plume, in thousands of kelvin.
+constexpr float HOTTEST = 1.8f;
 
 BitmapImpl<float> makeSlice(Pixel size) {
     BitmapImpl<float> slice(size.x, size.y);
@@ -39,7 +39,7 @@ VolumeGridMapping makeMapping() {
                                       {{14.0f, 0.95f, 0.9f}, 0.6f},
                                       {{48.0f, 0.5f, 1.0f}, 1.0f}});
     mapping.curve = Curve({{0.0f, 0.0f}, {0.35f, 0.22f}, {1.0f, 1.0f}});
-    mapping.inputScale = 0.001f;
+    mapping.inputScale = 0.8f;
     return mapping;
 }
 
@@ -72,7 +72,7 @@ public:
     explicit VolumeGridMappingDialogPage(const PageContext& context)
         : Page(context, "Volume grid mapping",
                "VolumeGridMappingDialog edits how the values of a volume's channel become colors: here the "
-               "temperatures of a slice through a plume, in kelvin.")
+               "temperatures of a slice through a plume, in thousands of kelvin.")
         , _slice(makeSlice({SLICE_WIDTH, SLICE_HEIGHT})) {
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("Edit", [this] { open(); }), GRID);

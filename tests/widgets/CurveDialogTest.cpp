@@ -119,9 +119,10 @@ protected:
         auto& reset = static_cast<DropdownButton&>(*button("Reset"));
         clickOn("Reset");
         EXPECT_TRUE(pumpUntil([&] {
-            wxWindow* const top = wxGetTopLevelParent(wxWindow::FindFocus());
-            return reset.isOpen() && top != nullptr && top != dialog;
+            auto* const top = static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(wxWindow::FindFocus()));
+            return reset.isOpen() && top != nullptr && top != dialog && top->IsActive();
         })) << "the row did not come up";
+        settle();
         pressKey(key);
         pressKey(WXK_RETURN);
         EXPECT_TRUE(pumpUntil([&] { return !dialog || !reset.isOpen(); }));
@@ -273,13 +274,13 @@ protected:
     void choose(const wxString& label, const String& title, const String& name, const String& error,
                 const Function<void()>& beforeReplacing = {}) {
         WindowHandle files;
-        Array<DialogUser::Step> steps{{"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
-                                       [&] { Driver::enterNameField(files, input()); }},
-                                      {"the name field", [&] { return Driver::isInNameField(files); },
-                                       [&] { input().Text(name.toUtf8().c_str()); }},
-                                      {"the name",
-                                       [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
-                                       [&] { input().Char(WXK_RETURN); }}};
+        Array<DialogUser::Step> steps{
+            {"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
+             [&] { Driver::enterNameField(files, input()); }},
+            {"the name field", [&] { return Driver::isInNameField(files); },
+             [&] { return Driver::getName(files) == name || input().Text(name.toUtf8().c_str()); }},
+            {"the name", [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
+             [&] { input().Char(WXK_RETURN); }}};
         if (beforeReplacing) {
             steps.push_back({"the question", [&] { return Driver::hasMessage(files); },
                              [&] {

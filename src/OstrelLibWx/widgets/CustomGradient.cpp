@@ -46,7 +46,7 @@ CustomGradient::CustomGradient(wxWindow* parent, wxSize size, Function<Rgb(float
 CustomGradient::~CustomGradient() = default;
 
 void CustomGradient::refreshColors() {
-    _impl->strip = {};
+    _impl->strip = wxBitmap();
     Refresh();
 }
 
