@@ -274,13 +274,17 @@ protected:
     void choose(const wxString& label, const String& title, const String& name, const String& error,
                 const Function<void()>& beforeReplacing = {}) {
         WindowHandle files;
-        Array<DialogUser::Step> steps{
-            {"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
-             [&] { Driver::enterNameField(files, input()); }},
-            {"the name field", [&] { return Driver::isInNameField(files); },
-             [&] { return Driver::getName(files) == name || input().Text(name.toUtf8().c_str()); }},
-            {"the name", [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
-             [&] { input().Char(WXK_RETURN); }}};
+        Array<DialogUser::Step> steps{{"the dialog", [&] { return !(files = Driver::findDialog(title)).isNull(); },
+                                       [&] { Driver::enterNameField(files, input()); }},
+                                      {"the name field", [&] { return Driver::isInNameField(files); },
+                                       [&] { // in the place of what is proposed
+                                           input().Char(WXK_HOME);
+                                           input().Char(WXK_END, wxMOD_SHIFT);
+                                           input().Text(name.toUtf8().c_str());
+                                       }},
+                                      {"the name",
+                                       [&] { return Driver::getName(files) == name && Driver::canAccept(files); },
+                                       [&] { input().Char(WXK_RETURN); }}};
         if (beforeReplacing) {
             steps.push_back({"the question", [&] { return Driver::hasMessage(files); },
                              [&] {
