@@ -61,15 +61,14 @@ class CurveDialogPage : public Page {
 public:
     explicit CurveDialogPage(const PageContext& context)
         : Page(context, "Curve dialog",
-               "CurveDialog is a window of its own around a curve panel, with what chooses channel, interpolation and "
-               "histogram, resets, equalizes, picks, and loads and saves curves. It grows with its panel.")
+               "CurveDialog is a window around a curve panel, with all that is done to its curves. It can be enlarged.")
         , _picture(context.picture) {
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("All of it", [this] { open({}, true); }), GRID);
         addToRow(*row, makeButton("The least", [this] { open({}, false); }), GRID);
         addToRow(*row, makeButton("Close them", [this] { closeAll(); }), GRID);
-        addSection("Open", "With \"Pick\", \"Equalize\" and a button of the host's own beside \"Load\" and \"Save\", "
-                           "or without them. The picture is that of the page \"Picture\".")
+        addSection("Open",
+                   "With all that a host can have in it, or without. The picture is that of the page \"Picture\".")
             ->Add(row);
         _stage = new wxPanel(this, wxID_ANY, wxDefaultPosition, Wx::scaleByDpi(wxSize(CONTENT_WIDTH, STAGE_HEIGHT)),
                              wxBORDER_NONE);
@@ -97,7 +96,7 @@ public:
     }
 
 private:
-    static constexpr int STAGE_HEIGHT = 460;
+    static constexpr int STAGE_HEIGHT = 452;
 
     Wx::CurveDialog* open(const ColorCurve& curves, bool hasExtras) {
         const auto callbacks = std::make_shared<DialogCallbacks>(

@@ -71,14 +71,15 @@ class VolumeGridMappingDialogPage : public Page {
 public:
     explicit VolumeGridMappingDialogPage(const PageContext& context)
         : Page(context, "Volume grid mapping",
-               "VolumeGridMappingDialog edits how the values of a volume's channel become colors: here the "
-               "temperatures of a slice through a plume, in thousands of kelvin.")
-        , _slice(makeSlice({SLICE_WIDTH, SLICE_HEIGHT})) {
+               "VolumeGridMappingDialog edits how the values of a volume's channel become colors, "
+               "here temperatures in a plume.")
+        , _slice(makeSlice(Wx::scaleByDpi(SLICE_SIZE))) {
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("Edit", [this] { open(); }), GRID);
         addToRow(*row, makeButton("From the start", [this] { setMapping(makeMapping()); }), GRID);
         addSection("Open", "The slice follows each change; Cancel takes them back.")->Add(row);
-        _view = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxSize(SLICE_WIDTH, SLICE_HEIGHT), wxBORDER_NONE);
+        _view = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxSize(_slice.getWidth(), _slice.getHeight()),
+                            wxBORDER_NONE);
         _view->SetMinSize(_view->GetSize());
         _view->Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
             wxPaintDC dc(_view);
@@ -99,12 +100,12 @@ public:
 
     void arrangeForPicture() override {
         open();
-        _dialog->Move(_view->ClientToScreen(wxPoint(SLICE_WIDTH + Wx::scaleByDpi(3 * GRID), -Wx::scaleByDpi(60))));
+        _dialog->Move(
+            _view->ClientToScreen(wxPoint(_slice.getWidth() + Wx::scaleByDpi(3 * GRID), -Wx::scaleByDpi(60))));
     }
 
 private:
-    static constexpr int SLICE_WIDTH = 400; // screen pixels, as the next
-    static constexpr int SLICE_HEIGHT = 440;
+    static constexpr Pixel SLICE_SIZE{400, 410}; // design pixels
 
     void open() {
         if (_dialog) {
@@ -131,7 +132,7 @@ private:
 
     void setMapping(const VolumeGridMapping& mapping) {
         _mapping = mapping;
-        wxImage image(SLICE_WIDTH, SLICE_HEIGHT, false);
+        wxImage image(_slice.getWidth(), _slice.getHeight(), false);
         unsigned char* pixel = image.GetData();
         for (std::size_t i = 0; i < _slice.size(); ++i, pixel += 3) {
             const RgbBytes color = toRgbBytes(mapColor(mapping, _slice.data()[i] * mapping.inputScale));

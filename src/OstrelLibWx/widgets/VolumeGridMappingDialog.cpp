@@ -26,6 +26,7 @@ namespace {
 
 // Design pixels.
 constexpr int BORDER = 8;
+constexpr int GRID_GAP = 4;
 constexpr int STRIP_WIDTH = 320;
 constexpr int GRADIENT_HEIGHT = 40;
 constexpr int PREVIEW_HEIGHT = 24;
@@ -177,7 +178,7 @@ void VolumeGridMappingDialog::addInput(wxSizer& rows) {
     Button* const automatic = makeDialogButton(this, GuiSkin(), "Auto-scale", [this] { autoScale(); });
     automatic->setTooltip(AUTO_SCALE_TOOLTIP);
 
-    const int gap = scaleByDpi(DIALOG_GRID_GAP);
+    const int gap = scaleByDpi(GRID_GAP);
     auto* const grid = new wxFlexGridSizer(2, 3, gap, gap);
     const auto label = [&](const char* text) {
         grid->Add(makeDialogLabel(this, text), wxSizerFlags().CenterVertical());
