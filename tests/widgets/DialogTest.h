@@ -44,10 +44,12 @@ protected:
     void make() {
         dialog = create();
         dialog->Raise();
-        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive(); })) << "the dialog did not come up";
+        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive() && isInFront(); })) << "the dialog did not come up";
         settle();
         log.take();
     }
+    /// Where the window manager has it: it may still be behind the frame, and miss clicks.
+    bool isInFront() { return pixelAt(capture(*dialog), 2, 2) == PixelColour{68, 68, 68}; }
     void TearDown() override {
         delete dialog.get();
         WidgetTest::TearDown();
