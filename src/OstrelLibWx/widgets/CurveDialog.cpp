@@ -132,8 +132,8 @@ void CurveDialog::addGrid(wxSizer& rows) {
             callbacks->onDropdownHidden(window);
         }
     };
-    const auto makeBox = [&](ArrayView<const char* const> labels, int selected, Function<void(int)> onSelect) {
-        auto* const box = new ComboBox(this, wxID_ANY, COMBO_BOX_WIDTH, std::move(onSelect), onWindowEvent, true);
+    const auto makeBox = [&](ArrayView<const char* const> labels, int selected, const Function<void(int)>& onSelect) {
+        auto* const box = new ComboBox(this, wxID_ANY, COMBO_BOX_WIDTH, onSelect, onWindowEvent, true);
         setChoices(*box, labels, selected);
         return box;
     };
