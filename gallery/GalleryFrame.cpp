@@ -17,7 +17,7 @@ namespace {
 const wxSize CLIENT_SIZE{1060, 760};
 const wxSize MINIMUM_SIZE{960, 720};
 constexpr int LIST_WIDTH = 152;
-constexpr int LIST_ENTRY_HEIGHT = 28;
+constexpr int LIST_ENTRY_HEIGHT = 22;
 
 /// Whether a control that takes keys of its own has the focus.
 bool isFocusInControl() {
@@ -80,7 +80,7 @@ void GalleryFrame::buildList(wxSizer& list) {
             Flags<RawaBorderState>(RawaBorderState::ENABLED) | RawaBorderState::FLAT);
         button->SetMinSize(Wx::scaleByDpi(wxSize(LIST_WIDTH, LIST_ENTRY_HEIGHT)));
         list.Add(button, wxSizerFlags().Border(wxLEFT | wxRIGHT, Wx::scaleByDpi(2 * GRID)));
-        list.AddSpacer(Wx::scaleByDpi(GRID / 2));
+        list.AddSpacer(Wx::scaleByDpi(GRID / 4));
         _buttons.push_back(button);
     }
     list.AddStretchSpacer();
