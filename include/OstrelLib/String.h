@@ -93,6 +93,7 @@ private:
 
 } // namespace Ostrel
 
+/// Texts as keys of the standard's unordered containers.
 template <>
 struct std::hash<Ostrel::String> {
     [[nodiscard]] std::size_t operator()(const Ostrel::String& text) const noexcept {

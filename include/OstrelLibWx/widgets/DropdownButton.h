@@ -22,6 +22,7 @@ namespace Ostrel::Wx {
 /// click of the button itself is reported by an event with the button's own id before the row opens or closes.
 class OSTREL_WX_API DropdownButton : public Button {
 public:
+    /// A button of the row.
     struct Entry {
         int id; ///< of the event that reports the choice
         wxString label;
