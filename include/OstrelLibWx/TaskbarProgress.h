@@ -6,7 +6,9 @@
 namespace Ostrel::Wx {
 
 /// The progress of a long operation on the taskbar button of a window. Any thread may make, drive and destroy one, and
-/// several threads may drive the same one; none needs the library to be started, or an event loop.
+/// several threads may drive the same one; none needs the library to be started, or an event loop. On Windows some
+/// thread has to keep COM entered as long as the object lives, as the library does from `LibWx::startup` on: the system
+/// may unload the shell's part else.
 ///
 /// What does not change the display in whole thousandths is not sent: report as often as you like. Without a taskbar
 /// nothing is shown, and nothing is reported about that. On Windows it is the shell's `ITaskbarList3`. On Linux it is
@@ -27,9 +29,8 @@ public:
 
     /// Shows a bar.
     /// @param fraction 1 is full. Truncated towards zero to thousandths, and not limited to [0, 1]: what the shell
-    /// makes
-    ///        of other values is its own affair. What is beyond 32 bits in thousandths counts as their nearest end, NaN
-    ///        as 0. A fraction that comes to -1 thousandth acts as `setIdle`, to -2 as `setIndeterminate`.
+    /// makes of other values is its own affair. What is beyond 32 bits in thousandths counts as their nearest end, NaN
+    /// as 0. A fraction that comes to -1 thousandth acts as `setIdle`, to -2 as `setIndeterminate`.
     void setProgress(float fraction);
 
     /// Shows nothing.

@@ -193,7 +193,7 @@ void smartPositionWindow(wxWindow* window, Pixel position) {
     const wxSize size = window->GetSize();
     const Bucket workArea = toBucket(findNearestDisplay(position).GetClientArea());
     const Pixel place = Detail::placeInWorkArea(workArea, {size.x, size.y}, position);
-    window->SetPosition(wxPoint(place.x, place.y));
+    window->Move(place.x, place.y, wxSIZE_ALLOW_MINUS_ONE); // -1 is a place like any other
 }
 
 void moveFocus(wxWindow* window, MoveFocusDirection direction) {

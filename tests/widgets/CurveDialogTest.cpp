@@ -168,6 +168,15 @@ TEST_F(CurveDialogTest, EqualizesPicksAndTellsOfItsLists) {
     dialog->getController()->beginPick({3, 3});
     EXPECT_EQ(log.take(), "changed 3 straight; ");
     EXPECT_EQ(curve(BLUE).getPoints().size(), 3u);
+    clickOn("Pick");
+    EXPECT_FALSE(dialog->isPicking());
+    const std::pair<int, std::size_t> focused[] = {{0, 1}, {0, 2}, {wxMOD_SHIFT, 1}};
+    box(0).SetFocus();
+    for (const auto& [modifiers, index] : focused) {
+        ComboBox& next = box(index);
+        input().Char(WXK_TAB, modifiers);
+        EXPECT_TRUE(pumpUntil([&next] { return next.HasFocus(); })) << index;
+    }
     for (const std::size_t index : {0u, 1u, 2u}) {
         click(box(index), middle(box(index)));
         EXPECT_TRUE(pumpUntil([&] { return log.text == "shown; "; })) << index;
@@ -191,10 +200,16 @@ TEST_F(CurveDialogTest, HasWhatTheHostWantsAndGrowsWithItsPanel) {
 }
 
 TEST_F(CurveDialogTest, MayBeDestroyedInAnyCallback) {
+    const auto openAndClose = [this] {
+        box(2).open();
+        if (dialog) {
+            dialog->Close();
+        }
+    };
     checkDestruction({[this] { clickOn("Equalize"); }, [this] { clickOn("Own"); }, [this] { dialog->setCurves({}); },
                       [this] { dialog->updateHistogram(); }, [this] { box(0).selectIndex(1, true); },
-                      [this] { box(1).selectIndex(1, true); }, [this] { box(2).selectIndex(1, true); },
-                      [this] { box(2).open(); }, [this] { chooseReset(WXK_HOME); }});
+                      [this] { box(1).selectIndex(1, true); }, [this] { box(2).selectIndex(1, true); }, openAndClose,
+                      [this] { chooseReset(WXK_HOME); }});
     host->panel.reset();
     EXPECT_THROW(CurveDialog(&frame(), GuiSkin(), "", {}, host), Detail::StopException);
 }

@@ -53,6 +53,8 @@ TEST_F(PixelProbeTest, FollowsTheCursorWithThePixelsValues) {
     PixelProbe blind(&panel(), {}, "");
     blind.updatePosition({5, 6});
     EXPECT_EQ(blind.GetPosition(), wxPoint(25, 26));
+    blind.updatePosition({-21, -21});
+    EXPECT_EQ(blind.GetPosition(), wxPoint(-1, -1)) << "no position, to the toolkit";
     onAsked = [this] { probe->Destroy(); };
     probe->updatePosition({0, 0});
     EXPECT_TRUE(pumpUntil([this] { return !probe; }));

@@ -54,6 +54,13 @@ protected:
         input().Text(text);
         pressKey(WXK_RETURN);
     }
+    /// Typed, after a Tab from the box above, and not confirmed.
+    void beginScale(const char* text) {
+        pressIn(*find<ComboBox>(), WXK_TAB);
+        EXPECT_TRUE(pumpUntil([this] { return find<Spinner>()->IsDescendant(wxWindow::FindFocus()); }));
+        input().Text(text);
+        settle();
+    }
     /// A press on the straight curve and some steps downwards; the button stays down.
     void dragCurve() {
         const wxPoint start = middle(*find<CurvePanel>());
@@ -84,6 +91,13 @@ TEST_F(MappingDialogTest, ControlsChangeTheirPartAndTellIt) {
     expected.curve.setInterpolation(CurveInterpolation::CUBIC_SPLINE);
     isTold("interpolation");
     EXPECT_EQ(curve(), expected.curve);
+    for (const float scale : {0.0F, std::nanf(""), -1.0F}) {
+        VolumeGridMapping mapping = expected;
+        mapping.inputScale = scale;
+        dialog->setCurrentMapping(mapping);
+        EXPECT_EQ(dialog->getCurrentMapping().inputScale, 0.000001F);
+    }
+    EXPECT_EQ(log.take(), "");
     const std::pair<const char*, float> typed[] = {{"7.5", 7.5F}, {"0", 0.000001F}};
     for (const auto& [text, scale] : typed) {
         typeScale(text);
@@ -96,7 +110,9 @@ TEST_F(MappingDialogTest, ControlsChangeTheirPartAndTellIt) {
         host->automatic = value;
         clickOn("Auto-scale");
         expected.inputScale = scale;
-        EXPECT_EQ(log.take(), std::isnan(value) ? "scale; " : "scale; changed; ");
+        const char* const calls = std::isnan(value) ? "scale; " : "scale; changed; ";
+        EXPECT_TRUE(pumpUntil([&] { return log.text == calls; })) << value << ": " << log.text;
+        log.take();
         EXPECT_EQ(host->mapping, expected) << value;
         EXPECT_NEAR(find<Spinner>()->getValue(), scale, 0.0005);
     }
@@ -134,17 +150,25 @@ TEST_F(MappingDialogTest, KeepsOrTakesBackWhenItCloses) {
         const wxPoint position = dialog->GetPosition();
         int result = 0;
         log.onCall = [&] { result = dialog->getResult(); };
+        beginScale("7.5");
         dragCurve();
         releaseButton();
-        const Curve edited = curve();
-        end(); // before the pause, unless the machine is slow: then the change has been told already
-        EXPECT_TRUE(log.take().ends_with("changed; closed; "));
-        EXPECT_EQ(host->mapping.curve, isKept ? edited : current.curve);
+        VolumeGridMapping edited = current;
+        edited.curve = curve();
+        edited.inputScale = 7.5F;
+        end(); // before the pause, unless the machine is slow: then the curve has been told already
+        EXPECT_TRUE(pumpUntil([this] { return !dialog; }));
+        EXPECT_TRUE(log.take().ends_with("changed; closed; ")) << "what was typed or held back is told too late";
+        EXPECT_EQ(host->mapping, isKept ? edited : current);
         EXPECT_EQ(result, isKept ? wxOK : wxCANCEL);
         EXPECT_EQ(host->position, position);
-        EXPECT_TRUE(pumpUntil([this] { return !dialog; }));
         log.onCall = [] {};
     }
+    make();
+    beginScale("7");
+    log.take();
+    delete dialog.get();
+    EXPECT_EQ(log.take(), "");
 }
 
 TEST_F(MappingDialogTest, PreviewShowsTheHostsColorsAfterEachChange) {

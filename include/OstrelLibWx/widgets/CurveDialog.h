@@ -27,7 +27,8 @@ struct CurveDialogFileRow {
 };
 
 /// What a `CurveDialog` asks and tells its host, beside what its panel does. All of it is called on the GUI thread, and
-/// may call back into the dialog. The first four are called in the dialog's constructor, each once.
+/// may call back into the dialog. The first four are called in the dialog's constructor, each once; the others may
+/// destroy the dialog.
 class OSTREL_WX_API ICurveDialogCallbacks : public Polymorphic {
 public:
     ~ICurveDialogCallbacks() override;
@@ -60,7 +61,8 @@ public:
 /// - "Interpolation:" is that of the selected curve, and shows it whenever the dialog changes curves.
 /// - "Reset" makes the selected curve the identity, "Reset All" all four.
 /// - "Equalize" replaces the Master curve, whichever is selected, by the one that spreads the values from 0 to 2 evenly
-///   (`Histogram::computeEqualizingCurve` with 16 points), and shows the histogram cumulative.
+///   (`Histogram::computeEqualizingCurve` with 16 points), and shows the histogram cumulative. For that it asks the
+///   panel's callbacks for the histogram of Master from 0 to 2, whatever the zoom.
 /// - "Load" takes over the points of the file's curves; how each channel is interpolated stays. "Save" asks before it
 ///   replaces a file. What fails is told in a message, and changes no curve.
 ///

@@ -26,7 +26,7 @@ public:
 
     /// The histogram of the picture that is corrected. Also asked for in the panel's constructor and, when a sizer has
     /// given the panel another size, within the toolkit's size event: there the panel must not be destroyed.
-    /// @param range the values from the left to the right edge of the plot: always from 0 to 1 / zoom
+    /// @param range the values from the left to the right edge of the plot: from 0 to 1 / zoom where the panel asks
     /// @param binCount always the width of the plot, one bin for each column of pixels; 0 where there is no room.
     /// A histogram with another number of bins is shown one bin a column from the left; what is too much is left out
     virtual Histogram getHistogram(std::pair<float, float> range, CurveChannel channel, int binCount) = 0;
@@ -91,6 +91,9 @@ public:
 
     /// Releases the mouse if it is held. Changes that have been held back are not reported any more.
     ~CurvePanel() override;
+
+    /// It has no keys.
+    [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
 
     /// Sets the size and asks for the histogram. A size that is set in another way, by a sizer for one, is followed
     /// too.

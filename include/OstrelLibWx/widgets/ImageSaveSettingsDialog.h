@@ -33,15 +33,12 @@ public:
 
     /// Shows the dialog and waits. On the GUI thread; meanwhile the events of other windows are dispatched.
     /// @param parent a window of any toolkit, in front of whose top-level window the dialog stays, and which is
-    /// disabled
-    ///     meanwhile; null: none
+    /// disabled meanwhile; null: none
     /// @param formats what the file can hold (`ImageFormatDescriptor::colorFormats`): others are not offered. If the
-    /// one
-    ///     accepted last is not among them, the first is selected. Stop exception ("widgets/ImageSaveSettingsDialog")
-    ///     if none of the four is in it
+    /// one accepted last is not among them, the first is selected. Stop exception
+    /// ("widgets/ImageSaveSettingsDialog") if none of the four is in it
     /// @param canHoldAlpha if not, the box for the alpha channel is disabled and empty, and the answer is without
-    /// alpha;
-    ///     what is offered the next time is what it would have been
+    /// alpha; what is offered the next time is what it would have been
     /// @return nothing when cancelled
     [[nodiscard]] static Optional<ImageSaveSettings>
     requestSettingsFromUser(WindowHandle parent, Flags<ImageColorFormat> formats = getAllFormats(),

@@ -85,6 +85,10 @@ public:
     /// user gives it the focus and leaves it, it counts as typed.
     void setText(const String& text);
 
+    /// Sets what was typed, as Enter does. A press of a `Button` leaves the focus where it is: who ends a dialog by one
+    /// calls this first. The spinner may be destroyed on return.
+    void commitText();
+
     /// Gives the focus to the text field and selects all of its text.
     void SetFocus() override;
 

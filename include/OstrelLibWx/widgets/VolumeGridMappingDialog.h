@@ -57,7 +57,8 @@ public:
                             wxPoint position);
     ~VolumeGridMappingDialog() override;
 
-    /// Replaces what is edited, in all controls; tells nobody.
+    /// Replaces what is edited, in all controls; tells nobody. A scale below `VOLUME_GRID_MINIMUM_SCALE`, or a NaN,
+    /// becomes that one, as in the constructor.
     void setCurrentMapping(const VolumeGridMapping& mapping);
 
     /// What is edited, as it was told last.
@@ -84,6 +85,7 @@ private:
 
     // These tell the host, which may destroy the dialog.
     void takeCurve(const Curve& curve);
+    void edit(const Function<void(VolumeGridMapping&)>& change);
     void reportMapping();
 
     AutoPtr<Impl> _impl;

@@ -1,6 +1,5 @@
 #include <OstrelLibWx/widgets/CurveDialog.h>
 
-#include <OstrelLib/Exceptions.h>
 #include <OstrelLibWx/CurvesFile.h>
 #include <OstrelLibWx/FileDialogs.h>
 #include <OstrelLibWx/MessageDialog.h>
@@ -9,6 +8,7 @@
 #include <OstrelLibWx/widgets/DropdownButton.h>
 
 #include "widgets/DialogParts.h"
+#include "widgets/Require.h"
 
 #include <wx/sizer.h>
 #include <wx/weakref.h>
@@ -22,28 +22,17 @@ namespace {
 
 // Design pixels.
 constexpr int OUTER_SPACE = 25;
-constexpr int PLOT_SIZE = 256;
-constexpr int PLOT_MARGIN = 5;
 constexpr int PANEL_BORDER = 5;
-constexpr int COMBO_BOX_WIDTH = 110;
 
 constexpr int EQUALIZING_POINT_COUNT = 16;
 constexpr std::pair EQUALIZED_RANGE{0.0F, 2.0F};
 
 /// By channel number. What the curves call Master is the picture's brightness to who edits it.
 constexpr std::array<const char*, CURVE_CHANNEL_COUNT> CHANNEL_LABELS{"Brightness", "Red", "Green", "Blue"};
-/// By number of `CurveInterpolation`.
-constexpr std::array INTERPOLATION_LABELS{"Cubic splines", "Linear splines"};
 /// By number of `HistogramType`.
 constexpr std::array HISTOGRAM_LABELS{"Linear", "Logarithmic", "Cumulative"};
 
-template <class Callbacks>
-SharedPtr<Callbacks> require(SharedPtr<Callbacks> callbacks) {
-    if (callbacks == nullptr) {
-        Detail::throwStopException("widgets/CurveDialog", __LINE__);
-    }
-    return callbacks;
-}
+constexpr const char* PATH = "widgets/CurveDialog"; ///< in stop exceptions
 
 } // namespace
 
@@ -68,8 +57,8 @@ CurveDialog::CurveDialog(wxWindow* parent, const GuiSkin& skin, const String& ti
                          SharedPtr<ICurveDialogCallbacks> callbacks)
     : wxFrame(parent, wxID_ANY, title.toWide(), wxDefaultPosition, wxDefaultSize,
               (wxDEFAULT_FRAME_STYLE & ~wxMAXIMIZE_BOX) | wxFRAME_NO_TASKBAR)
-    , _impl(new Impl{.skin = skin, .callbacks = require(std::move(callbacks))}) {
-    _impl->panelCallbacks = require(_impl->callbacks->getPanelCallbacks());
+    , _impl(new Impl{.skin = skin, .callbacks = require(std::move(callbacks), PATH, __LINE__)}) {
+    _impl->panelCallbacks = require(_impl->callbacks->getPanelCallbacks(), PATH, __LINE__);
     SetBackgroundColour(toWxColour(skin.background));
     SetForegroundColour(toWxColour(skin.text));
 
@@ -78,8 +67,10 @@ CurveDialog::CurveDialog(wxWindow* parent, const GuiSkin& skin, const String& ti
     addFileRow(*rows, _impl->callbacks->getFileRow());
     addPanel(*rows, curves);
     addGrid(*rows);
-    rows->AddSpacer(scaleByDpi(OUTER_SPACE));
     applySkinRecursive(this, skin);
+    for (ComboBox* const box : {_impl->channels, _impl->interpolations, _impl->histograms}) {
+        box->applySkin(skin); // the list as well, which keeps colours of its own
+    }
     SetSizerAndFit(rows);
     Layout();
     // Of the client area: how wide the frame's border is may not be known before it is on the screen.
@@ -87,12 +78,15 @@ CurveDialog::CurveDialog(wxWindow* parent, const GuiSkin& skin, const String& ti
 
     Bind(wxEVT_CLOSE_WINDOW, &CurveDialog::onClose, this);
     Bind(wxEVT_SIZE, &CurveDialog::onSize, this);
+    moveFocusOnTab(this);
     setNimbraIcon(this);
     placeOverParent(this);
     Show();
 }
 
-CurveDialog::~CurveDialog() = default;
+CurveDialog::~CurveDialog() {
+    DestroyChildren(); // while what their callbacks reach is there
+}
 
 void CurveDialog::addFileRow(wxSizer& rows, CurveDialogFileRow row) {
     _impl->file = std::move(row.initialFile);
@@ -112,7 +106,7 @@ void CurveDialog::addFileRow(wxSizer& rows, CurveDialogFileRow row) {
 }
 
 void CurveDialog::addPanel(wxSizer& rows, const ColorCurve& curves) {
-    const int side = scaleByDpi(PLOT_SIZE) + 2 * scaleByDpi(PLOT_MARGIN);
+    const int side = scaleByDpi(DIALOG_PLOT_SIZE) + 2 * scaleByDpi(DIALOG_PLOT_MARGIN);
     const wxSize size(side, side);
     _impl->panel = new CurvePanel(this, _impl->skin, size, curves, _impl->panelCallbacks);
     _impl->panel->SetMinSize(size);
@@ -133,7 +127,7 @@ void CurveDialog::addGrid(wxSizer& rows) {
         }
     };
     const auto makeBox = [&](ArrayView<const char* const> labels, int selected, const Function<void(int)>& onSelect) {
-        auto* const box = new ComboBox(this, wxID_ANY, COMBO_BOX_WIDTH, onSelect, onWindowEvent, true);
+        auto* const box = new ComboBox(this, wxID_ANY, DIALOG_COMBO_BOX_WIDTH, onSelect, onWindowEvent, true);
         setChoices(*box, labels, selected);
         return box;
     };
@@ -301,6 +295,14 @@ void CurveDialog::onSize(wxSizeEvent& event) {
 }
 
 void CurveDialog::onClose(wxCloseEvent&) {
+    // An open list is closed first: its host hears of it, and may destroy the dialog.
+    const wxWeakRef<CurveDialog> self(this);
+    for (ComboBox* const box : {_impl->channels, _impl->interpolations, _impl->histograms}) {
+        box->close();
+        if (!self) {
+            return;
+        }
+    }
     Show(false);
     Destroy();
 }

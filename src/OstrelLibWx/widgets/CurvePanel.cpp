@@ -6,6 +6,7 @@
 #include "models/CurveEditing.h"
 #include "painting/CurvePainting.h"
 #include "painting/ToolkitTypes.h"
+#include "widgets/Require.h"
 
 #include <wx/cursor.h>
 #include <wx/dcbuffer.h>
@@ -31,13 +32,6 @@ constexpr int HISTOGRAM_TIMER_ID = 1;
 
 constexpr std::array<CurveChannel, CURVE_CHANNEL_COUNT> ALL_CHANNELS{CurveChannel::MASTER, CurveChannel::RED,
                                                                      CurveChannel::GREEN, CurveChannel::BLUE};
-
-SharedPtr<ICurvePanelCallbacks> require(SharedPtr<ICurvePanelCallbacks> callbacks) {
-    if (callbacks == nullptr) {
-        Detail::throwStopException("widgets/CurvePanel", __LINE__);
-    }
-    return callbacks;
-}
 
 std::int64_t getMilliseconds() {
     using namespace std::chrono;
@@ -67,7 +61,7 @@ CurvePanel::CurvePanel(wxWindow* parent, const GuiSkin& skin, wxSize size, Color
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, size, wxNO_BORDER | wxTAB_TRAVERSAL)
     , _impl(new Impl{
           .editing = CurveEditing(std::move(curves), scaleByDpi(MARGIN), scaleByDpi(HIT_RADIUS)),
-          .callbacks = require(std::move(callbacks)),
+          .callbacks = require(std::move(callbacks), "widgets/CurvePanel", __LINE__),
           .skin = skin,
           .painting = CurvePanelPainting({.line = scaleByDpi(LINE_WIDTH), .pointRadius = scaleByDpi(POINT_RADIUS)})}) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);

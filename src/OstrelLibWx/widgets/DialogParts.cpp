@@ -1,10 +1,12 @@
 #include "widgets/DialogParts.h"
 
 #include <OstrelLibWx/WindowUtils.h>
+#include <OstrelLibWx/widgets/Spinner.h>
 
 #include "models/MessageDialogModel.h"
 
 #include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -42,6 +44,32 @@ Button* makeDialogButton(wxWindow* parent, const GuiSkin& skin, const String& la
 
 StaticText* makeDialogLabel(wxWindow* parent, const String& text) {
     return new StaticText(parent, wxID_ANY, text, 0, {}, wxDefaultSize);
+}
+
+bool commitFocusedSpinner(wxWindow* dialog) {
+    const wxWeakRef<wxWindow> self(dialog);
+    for (wxWindow* window = wxWindow::FindFocus(); window != nullptr && window != dialog;
+         window = window->GetParent()) {
+        if (auto* const spinner = dynamic_cast<Spinner*>(window)) {
+            spinner->commitText();
+            break;
+        }
+    }
+    return self != nullptr;
+}
+
+void moveFocusOnTab(wxTopLevelWindow* frame) {
+    frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent& event) {
+        wxWindow* child = wxWindow::FindFocus();
+        while (child != nullptr && child->GetParent() != frame) {
+            child = child->GetParent();
+        }
+        if (event.GetKeyCode() != WXK_TAB || event.ControlDown() || event.AltDown() || child == nullptr) {
+            event.Skip();
+            return;
+        }
+        moveFocus(child, event.ShiftDown() ? MoveFocusDirection::BACKWARD : MoveFocusDirection::FORWARD);
+    });
 }
 
 void setChoices(ComboBox& box, ArrayView<const char* const> texts, int selected) {

@@ -48,6 +48,9 @@ ImageSaveSettingsDialog::ImageSaveSettingsDialog(WindowHandle parent, Flags<Imag
     // The toolkit would otherwise make one of its own windows the owner.
     : wxDialog(nullptr, wxID_ANY, "Image save settings", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxDIALOG_NO_PARENT) {
+    if ((formats & getAllFormats()).isEmpty()) {
+        Detail::throwStopException("widgets/ImageSaveSettingsDialog", __LINE__);
+    }
     setOwnerFromNativeHandle(getWindowNativeHandle(this), parent);
     const int border = wxSizerFlags::GetDefaultBorder();
 
@@ -101,9 +104,6 @@ ImageSaveSettingsDialog::~ImageSaveSettingsDialog() = default;
 Optional<ImageSaveSettings> ImageSaveSettingsDialog::requestSettingsFromUser(WindowHandle parent,
                                                                              Flags<ImageColorFormat> formats,
                                                                              bool canHoldAlpha) {
-    if ((formats & getAllFormats()).isEmpty()) {
-        Detail::throwStopException("widgets/ImageSaveSettingsDialog", __LINE__);
-    }
     ImageSaveSettings& last = getLastSettings();
     Optional<ImageSaveSettings> answer;
     {

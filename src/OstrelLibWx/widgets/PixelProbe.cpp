@@ -32,7 +32,7 @@ constexpr RgbBytes WARNING_COLOUR{144, 20, 20};
 } // namespace
 
 struct PixelProbe::Impl {
-    Probe probe;
+    SharedPtr<const Probe> probe; ///< shared with a call of it, which may destroy the window; null if there is none
     StaticText* position{};
     StaticText* original{};
     StaticText* tonemapped{};
@@ -45,7 +45,8 @@ struct PixelProbe::Impl {
 
 PixelProbe::PixelProbe(wxWindow* parent, Probe probe, const String& warningText)
     : wxPopupWindow(parent, wxBORDER_NONE)
-    , _impl(new Impl{.probe = std::move(probe)}) {
+    , _impl(new Impl{.probe = probe ? std::make_shared<const Probe>(std::move(probe)) : nullptr}) {
+    SetDoubleBuffered(true); // its texts change with each move of the mouse
     const ProbedPixel nothing;
     const auto makeText = [this](const String& text) {
         return new StaticText(this, wxID_ANY, text, 0, {}, wxDefaultSize);
@@ -84,19 +85,17 @@ PixelProbe::~PixelProbe() = default;
 
 void PixelProbe::updatePosition(Pixel cursor) {
     const Pixel corner = cursor + OFFSET_FROM_CURSOR_PX;
-    if (!_impl->probe) {
-        const ScopedWindowFreezer freezer(this);
-        Move(corner.x, corner.y);
+    Move(corner.x, corner.y, wxSIZE_ALLOW_MINUS_ONE);
+    if (_impl->probe == nullptr) {
         Refresh();
         return;
     }
     // Asked before the window is frozen, which has to be there to be thawed again.
     const wxWeakRef<PixelProbe> self(this);
-    const Probe probe = _impl->probe; // the window, and with it its own, may be destroyed
-    const ProbedPixel pixel = probe(cursor);
+    const SharedPtr<const Probe> probe = _impl->probe;
+    const ProbedPixel pixel = (*probe)(cursor);
     if (self) {
         const ScopedWindowFreezer freezer(this);
-        Move(corner.x, corner.y);
         showPixel(pixel);
         Refresh();
     }

@@ -230,6 +230,10 @@ void Spinner::setText(const String& text) {
     _impl->text->ChangeValue(wxString(text.toWide()));
 }
 
+void Spinner::commitText() {
+    (void)commit();
+}
+
 void Spinner::SetFocus() {
     const wxWeakRef<Spinner> self(this);
     _impl->text->SetFocus();

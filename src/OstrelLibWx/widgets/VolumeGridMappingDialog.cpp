@@ -1,6 +1,5 @@
 #include <OstrelLibWx/widgets/VolumeGridMappingDialog.h>
 
-#include <OstrelLib/Exceptions.h>
 #include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
 #include <OstrelLibWx/widgets/CurvePanel.h>
@@ -11,6 +10,7 @@
 #include <OstrelLibWx/widgets/Tooltip.h>
 
 #include "widgets/DialogParts.h"
+#include "widgets/Require.h"
 
 #include <wx/sizer.h>
 #include <wx/weakref.h>
@@ -30,17 +30,11 @@ constexpr int GRID_GAP = 4;
 constexpr int STRIP_WIDTH = 320;
 constexpr int GRADIENT_HEIGHT = 40;
 constexpr int PREVIEW_HEIGHT = 24;
-constexpr int PLOT_SIZE = 256;
-constexpr int PLOT_MARGIN = 5;
-constexpr int COMBO_BOX_WIDTH = 110;
 constexpr int SPINNER_WIDTH = 90;
 
 constexpr std::int64_t CURVE_CHANGE_DELAY_MS = 200;
 constexpr int SCALE_DECIMALS = 3;
 constexpr float ADAPTIVE_STEP = 0.0F;
-
-/// By number of `CurveInterpolation`.
-constexpr std::array INTERPOLATION_LABELS{"Cubic splines", "Linear splines"};
 
 constexpr const char* SCALE_TOOLTIP =
     "In order to properly map channel values to colors, the channel values should be in [0,1] range. The values "
@@ -53,11 +47,15 @@ constexpr const char* AUTO_SCALE_TOOLTIP =
 constexpr const char* RESET_TOOLTIP =
     "Resets the channel mapping controls to the state in which they were when this dialog was opened.";
 
-SharedPtr<VolumeGridMappingDialogCallbacks> require(SharedPtr<VolumeGridMappingDialogCallbacks> callbacks) {
-    if (callbacks == nullptr) {
-        Detail::throwStopException("widgets/VolumeGridMappingDialog", __LINE__);
-    }
-    return callbacks;
+/// What a spinner shows of it: a NaN or what is below the limit is the limit, infinity the largest number.
+float clampScale(float scale) {
+    return scale > VOLUME_GRID_MINIMUM_SCALE ? std::min(scale, std::numeric_limits<float>::max())
+                                             : VOLUME_GRID_MINIMUM_SCALE;
+}
+
+VolumeGridMapping clampScale(VolumeGridMapping mapping) {
+    mapping.inputScale = clampScale(mapping.inputScale);
+    return mapping;
 }
 
 /// Over the window and all that it is made of, which has the mouse in its place.
@@ -99,7 +97,12 @@ public:
     Histogram getHistogram(std::pair<float, float>, CurveChannel, int) override { return {}; }
     Optional<int> getHistogramRefreshInterval() override { return {}; }
     Optional<Rgb> getPixelColor(Pixel) override { return {}; }
-    void onCurveChanged(CurveChannel, const Curve& curve) override { _dialog->takeCurve(curve); }
+    void onCurveChanged(CurveChannel, const Curve& curve) override {
+        // Known already, where the panel had held back its report and another control was quicker.
+        if (curve != _dialog->getCurrentMapping().curve) {
+            _dialog->takeCurve(curve);
+        }
+    }
     std::int64_t getChangeDelay() override { return CURVE_CHANGE_DELAY_MS; }
 
 private:
@@ -113,8 +116,10 @@ VolumeGridMappingDialog::VolumeGridMappingDialog(wxWindow* parent, const String&
     : wxFrame(parent, wxID_ANY, title.toWide(), wxDefaultPosition, wxDefaultSize,
               (wxDEFAULT_FRAME_STYLE & ~(wxMAXIMIZE_BOX | wxMINIMIZE_BOX)) | wxFRAME_NO_TASKBAR |
                   (parent != nullptr ? wxFRAME_FLOAT_ON_PARENT : 0))
-    , _impl(new Impl{
-          .mapping = current, .onCancel = current, .onReset = initial, .callbacks = require(std::move(callbacks))}) {
+    , _impl(new Impl{.mapping = clampScale(current),
+                     .onCancel = clampScale(current),
+                     .onReset = clampScale(initial),
+                     .callbacks = require(std::move(callbacks), "widgets/VolumeGridMappingDialog", __LINE__)}) {
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     addGradient(*rows);
     addCurve(*rows);
@@ -127,6 +132,7 @@ VolumeGridMappingDialog::VolumeGridMappingDialog(wxWindow* parent, const String&
     setCurrentMapping(current);
 
     Bind(wxEVT_CLOSE_WINDOW, &VolumeGridMappingDialog::onClose, this);
+    moveFocusOnTab(this);
     setNimbraIcon(this);
     if (position == wxDefaultPosition) {
         placeOverParent(this);
@@ -136,13 +142,15 @@ VolumeGridMappingDialog::VolumeGridMappingDialog(wxWindow* parent, const String&
     Show();
 }
 
-VolumeGridMappingDialog::~VolumeGridMappingDialog() = default;
+VolumeGridMappingDialog::~VolumeGridMappingDialog() {
+    _impl->isClosed = true; // nothing more is reported
+    DestroyChildren();      // while what their callbacks reach is there
+}
 
 void VolumeGridMappingDialog::addGradient(wxSizer& rows) {
     _impl->gradient = new GradientControl(this, wxSize(STRIP_WIDTH, GRADIENT_HEIGHT), 0.0F, 1.0F);
     _impl->gradient->setOnChangeCallback([this](const ColorGradient& gradient) {
-        _impl->mapping.gradient = gradient;
-        reportMapping();
+        edit([&gradient](VolumeGridMapping& mapping) { mapping.gradient = gradient; });
     });
     _impl->preview = new CustomGradient(this, wxSize(STRIP_WIDTH, PREVIEW_HEIGHT), [this](float t) {
         return _impl->callbacks->mapValueToColor(t, _impl->mapping.inputScale);
@@ -153,7 +161,7 @@ void VolumeGridMappingDialog::addGradient(wxSizer& rows) {
 }
 
 void VolumeGridMappingDialog::addCurve(wxSizer& rows) {
-    const int side = scaleByDpi(PLOT_SIZE) + 2 * scaleByDpi(PLOT_MARGIN);
+    const int side = scaleByDpi(DIALOG_PLOT_SIZE) + 2 * scaleByDpi(DIALOG_PLOT_MARGIN);
     const wxSize size(std::max(side, scaleByDpi(STRIP_WIDTH)), side);
     _impl->panel = new CurvePanel(this, GuiSkin(), size, ColorCurve(),
                                   SharedPtr<ICurvePanelCallbacks>(new CurveCallbacksImpl(this)));
@@ -164,7 +172,8 @@ void VolumeGridMappingDialog::addCurve(wxSizer& rows) {
 
 void VolumeGridMappingDialog::addInput(wxSizer& rows) {
     _impl->interpolations = new ComboBox(
-        this, wxID_ANY, COMBO_BOX_WIDTH, [this](int interpolation) { selectInterpolation(interpolation); }, {}, true);
+        this, wxID_ANY, DIALOG_COMBO_BOX_WIDTH, [this](int interpolation) { selectInterpolation(interpolation); }, {},
+        true);
     setChoices(*_impl->interpolations, INTERPOLATION_LABELS, 0);
 
     constexpr float NO_END = std::numeric_limits<float>::infinity();
@@ -207,7 +216,7 @@ void VolumeGridMappingDialog::addButtons(wxSizer& rows) {
 }
 
 void VolumeGridMappingDialog::setCurrentMapping(const VolumeGridMapping& mapping) {
-    _impl->mapping = mapping;
+    _impl->mapping = clampScale(mapping);
     _impl->scale->setValue(_impl->mapping.inputScale, false);
     _impl->gradient->setGradient(_impl->mapping.gradient);
     _impl->preview->refreshColors();
@@ -231,8 +240,7 @@ void VolumeGridMappingDialog::selectInterpolation(int interpolation) {
 }
 
 void VolumeGridMappingDialog::setScale(float scale) {
-    _impl->mapping.inputScale = scale;
-    reportMapping();
+    edit([scale](VolumeGridMapping& mapping) { mapping.inputScale = scale; });
 }
 
 void VolumeGridMappingDialog::autoScale() {
@@ -242,7 +250,7 @@ void VolumeGridMappingDialog::autoScale() {
     if (!self || !std::isfinite(computed)) {
         return;
     }
-    const float scale = std::max(computed, VOLUME_GRID_MINIMUM_SCALE);
+    const float scale = clampScale(computed);
     _impl->scale->setValue(scale, false);
     setScale(scale);
 }
@@ -254,6 +262,9 @@ void VolumeGridMappingDialog::reset() {
 
 void VolumeGridMappingDialog::end(int result) {
     const wxWeakRef<VolumeGridMappingDialog> self(this);
+    if (result == wxOK && !commitFocusedSpinner(this)) {
+        return;
+    }
     _impl->result = result;
     const Curve shown = _impl->panel->getCurrentCurves()[CurveChannel::MASTER];
     if (result == wxOK && shown != _impl->mapping.curve) {
@@ -268,7 +279,7 @@ void VolumeGridMappingDialog::onClose(wxCloseEvent& event) {
     if (_impl->isClosed) {
         return;
     }
-    _impl->isClosed = true;
+    _impl->isClosed = true; // from here on nothing is reported but what follows
     const wxWeakRef<VolumeGridMappingDialog> self(this);
     const SharedPtr<VolumeGridMappingDialogCallbacks> callbacks = _impl->callbacks;
     if (_impl->result == wxCANCEL) {
@@ -279,14 +290,21 @@ void VolumeGridMappingDialog::onClose(wxCloseEvent& event) {
         callbacks->onDialogClosed(GetPosition());
     }
     if (self) {
+        Hide(); // at once: it is destroyed when the program is idle
         Destroy();
     }
     event.Skip(static_cast<bool>(self)); // else the toolkit would go on with a window that is gone
 }
 
 void VolumeGridMappingDialog::takeCurve(const Curve& curve) {
-    _impl->mapping.curve = curve;
-    reportMapping();
+    edit([&curve](VolumeGridMapping& mapping) { mapping.curve = curve; });
+}
+
+void VolumeGridMappingDialog::edit(const Function<void(VolumeGridMapping&)>& change) {
+    if (!_impl->isClosed) {
+        change(_impl->mapping);
+        reportMapping();
+    }
 }
 
 void VolumeGridMappingDialog::reportMapping() {
