@@ -108,8 +108,7 @@ void WidgetTest::SetUp() {
     _panel->Bind(wxEVT_PAINT, markPainted);
     _frame->Show();
     _frame->Raise();
-    ASSERT_TRUE(pumpUntil([this, &painted] { return painted && _frame->IsActive(); }))
-        << "the test's frame did not come up";
+    ASSERT_TRUE(pumpUntil([this, &painted] { return painted && isUp(*_frame); })) << "the test's frame did not come up";
     _panel->Unbind(wxEVT_PAINT, markPainted);
 }
 
@@ -133,6 +132,16 @@ void WidgetTest::TearDown() {
         EXPECT_TRUE(pumpUntil([&gone] { return gone; })) << "the test's frame could not be destroyed";
         _frame = nullptr;
     }
+}
+
+bool WidgetTest::isUp(wxTopLevelWindow& window) {
+    constexpr long INTERVAL_MS = 300;
+    static wxStopWatch sinceRaised;
+    if (!window.IsActive() && sinceRaised.Time() > INTERVAL_MS) {
+        window.Raise();
+        sinceRaised.Start();
+    }
+    return window.IsActive();
 }
 
 void WidgetTest::showAll() {

@@ -23,6 +23,10 @@ public:
     /// Dispatches events until `condition` holds, and then what is still waiting. False when the deadline passed first.
     static bool pumpUntil(const std::function<bool()>& condition, int deadlineMs = DEADLINE_MS);
 
+    /// Whether the window takes input by now; while it does not, it is raised anew now and then: what was closed just
+    /// before may get the system to give the focus to somebody else, however late.
+    static bool isUp(wxTopLevelWindow& window);
+
     /// Dispatches all that waits now, idle work and deferred deletions included.
     static void pump();
 

@@ -60,7 +60,7 @@ protected:
     void open(ColorPicker::ColorFormat format = WITH_ALPHA, ColorPicker::DialogType type = CONFIRM) {
         build(format, type);
         dialog->Show();
-        ASSERT_TRUE(pumpUntil([this] { return dialog->IsActive(); }));
+        ASSERT_TRUE(pumpUntil([this] { return isUp(*dialog); }));
         settle();
     }
     void destroy() {

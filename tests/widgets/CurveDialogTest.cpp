@@ -121,8 +121,7 @@ protected:
             const DialogUser user(steps);
             clickOn(label);
         }
-        dialog->Raise();
-        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive(); })) << "after " << name.toUtf8();
+        EXPECT_TRUE(pumpUntil([this] { return isUp(*dialog); })) << "after " << name.toUtf8();
     }
 
     const std::shared_ptr<Host> host = std::make_shared<Host>(log);

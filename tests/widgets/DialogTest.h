@@ -44,7 +44,7 @@ protected:
     void make() {
         dialog = create();
         dialog->Raise();
-        EXPECT_TRUE(pumpUntil([this] { return dialog->IsActive() && isInFront(); })) << "the dialog did not come up";
+        EXPECT_TRUE(pumpUntil([this] { return isUp(*dialog) && isInFront(); })) << "the dialog did not come up";
         settle();
         log.take();
     }

@@ -38,11 +38,11 @@ public:
         return nullptr;
     }
 
-    /// The same once it is active, waiting for input.
+    /// The same once it waits for input.
     template <class Dialog>
     static Dialog* findActive() {
         auto* const dialog = findShown<Dialog>();
-        return dialog != nullptr && dialog->IsActive() ? dialog : nullptr;
+        return dialog != nullptr && WidgetTest::isUp(*dialog) ? dialog : nullptr;
     }
 
 private:
