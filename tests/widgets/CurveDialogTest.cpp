@@ -41,8 +41,10 @@ public:
 
     Histogram getHistogram(std::pair<float, float> range, CurveChannel channel, int bins) override {
         log.call(wxString::Format("histogram %g %d", double{range.second}, int(channel)));
-        Array<std::uint64_t> counts(std::size_t(bins), 0);
-        counts.front() = 1;
+        Array<std::uint64_t> counts(std::size_t(isEmpty ? 0 : bins), 0);
+        if (!counts.empty()) {
+            counts.front() = 1;
+        }
         return {counts, range.first, range.second};
     }
     Optional<int> getHistogramRefreshInterval() override { return {}; }
@@ -56,6 +58,7 @@ public:
     std::weak_ptr<Host> panel;
     Path folder;
     bool hasExtras = true;
+    bool isEmpty = false; ///< the histogram
 };
 
 class CurveDialogTest : public DialogTest<CurveDialog> {
@@ -159,6 +162,17 @@ TEST_F(CurveDialogTest, EqualizesPicksAndTellsOfItsLists) {
     EXPECT_EQ(box(2).getSelectedId(), static_cast<int>(HistogramType::CUMULATIVE));
     press(box(2), WXK_HOME);
     EXPECT_EQ(log.take(), "histogram 1 3; ");
+    // A list goes to the row that begins with the letter: so the rows are what they say.
+    const std::tuple<std::size_t, int, int> rows[] = {{0, 'R', 1}, {0, 'G', 2}, {0, 'B', 3}, {1, 'L', 1},
+                                                      {1, 'C', 0}, {2, 'C', 2}, {2, 'L', 0}};
+    for (const auto& [index, letter, row] : rows) {
+        press(box(index), letter);
+        EXPECT_EQ(box(index).getSelectedIndex(), row);
+    }
+    log.take();
+    host->isEmpty = true;
+    clickOn("Equalize");
+    EXPECT_TRUE(log.take().starts_with("histogram 2 0; changed 0 "));
     dialog->enableHistogramControls(false);
     EXPECT_FALSE(box(2).IsEnabled() || find<Button>("Equalize")->IsEnabled());
     dialog->enableHistogramControls(true);
