@@ -21,34 +21,19 @@ TEST(ColorState, ChangesOneThingWithEachEdit) {
     };
     // The start, (0.25, 0.5, 1), has the hue 220, the saturation 0.75, the value 1, the whiteness 0.25, the blackness
     // 0.
-    for (const Case& c : {Case{"red", [](ColorState& s) { s.editStrip(RED, 0.75F, 0); }, {0.75F, 0.5F, 1}},
-                          {"blue", [](ColorState& s) { s.editStrip(BLUE, 0.25F, 0); }, {0.25F, 0.5F, 0.25F}},
-                          {"hue", [](ColorState& s) { s.editStrip(HUE, 1.0F / 3, 0); }, {0.25F, 1, 0.25F}},
-                          {"hue of a whole turn", [](ColorState& s) { s.editStrip(HUE, 1, 0); }, {1, 0.25F, 0.25F}},
-                          {"saturation", [](ColorState& s) { s.editStrip(SATURATION, 1, 0); }, {0, 1.0F / 3, 1}},
-                          {"value", [](ColorState& s) { s.editStrip(VALUE, 0.5F, 0); }, {0.125F, 0.25F, 0.5F}},
-                          {"whiteness", [](ColorState& s) { s.editStrip(WHITE_SHARE, 0.5F, 0); }, {0.5F, 2.0F / 3, 1}},
-                          {"temperature", [](ColorState& s) { s.editStrip(TEMPERATURE, 0.1F, 6500); }, {1, 1, 1}},
-                          {"field",
-                           [](ColorState& s) {
-                               s.editField({0, 0.5F});
-                           },
-                           {0.5F, 0.25F, 0.25F}},
-                          {"field below all value",
-                           [](ColorState& s) {
-                               s.editField({0, 1});
-                           },
-                           {0.2F, 0.2F, 0.2F}},
-                          {"tint",
-                           [](ColorState& s) {
-                               s.editNeutralizing({0.5F, 0.25F, 1});
-                           },
-                           {0.5F, 1, 0.25F}},
-                          {"another",
-                           [](ColorState& s) {
-                               s.edit({-2, 7, 0.5F, 0.1F});
-                           },
-                           {-2, 7, 0.5F}}}) {
+    for (const Case& c :
+         {Case{"red", [](ColorState& s) { s.editStrip(RED, 0.75F, 0); }, {0.75F, 0.5F, 1}},
+          {"blue", [](ColorState& s) { s.editStrip(BLUE, 0.25F, 0); }, {0.25F, 0.5F, 0.25F}},
+          {"hue", [](ColorState& s) { s.editStrip(HUE, 1.0F / 3, 0); }, {0.25F, 1, 0.25F}},
+          {"hue of a whole turn", [](ColorState& s) { s.editStrip(HUE, 1, 0); }, {1, 0.25F, 0.25F}},
+          {"saturation", [](ColorState& s) { s.editStrip(SATURATION, 1, 0); }, {0, 1.0F / 3, 1}},
+          {"value", [](ColorState& s) { s.editStrip(VALUE, 0.5F, 0); }, {0.125F, 0.25F, 0.5F}},
+          {"whiteness", [](ColorState& s) { s.editStrip(WHITE_SHARE, 0.5F, 0); }, {0.5F, 2.0F / 3, 1}},
+          {"temperature", [](ColorState& s) { s.editStrip(TEMPERATURE, 0.1F, 6500); }, {1, 1, 1}},
+          {"field", [](ColorState& s) { s.editField(FieldPosition(0, 0.5F)); }, {0.5F, 0.25F, 0.25F}},
+          {"field below all value", [](ColorState& s) { s.editField(FieldPosition(0, 1)); }, {0.2F, 0.2F, 0.2F}},
+          {"tint", [](ColorState& s) { s.editNeutralizing(Rgb(0.5F, 0.25F, 1)); }, {0.5F, 1, 0.25F}},
+          {"another", [](ColorState& s) { s.edit(Rgb(-2, 7, 0.5F, 0.1F)); }, {-2, 7, 0.5F}}}) {
         ColorState state(true);
         state.setColor({0.25F, 0.5F, 1, 0.5F});
         c.edit(state);

@@ -23,13 +23,6 @@ TEST(TextDrag, CountsTheNearestPixelInside) {
     }
 }
 
-TEST(TextLineSelection, LeavesOutTheLastCharacterOfTheLineBreak) {
-    EXPECT_EQ(selectLine({0, 11}, 30), (TextRange{0, 10}));
-    EXPECT_EQ(selectLine({11, 12}, 30), (TextRange{11, 11})) << "an empty line";
-    EXPECT_EQ(selectLine({12, {}}, 30), (TextRange{12, 30})) << "the last line";
-    EXPECT_EQ(selectLine({0, {}}, 0), (TextRange{0, 0})) << "no text";
-}
-
 TEST(TextFollowing, NeedsAnUntouchedCaret) {
     struct Case {
         bool hasFocus;
@@ -64,13 +57,6 @@ TEST(TextForControls, HasNoNulAndNoHalfOfACharacter) {
     EXPECT_EQ(replaceUnshowable(L"\xDC00\xDBFF"
                                 L"b"),
               L"\uFFFD\uFFFDb");
-}
-
-TEST(LinkColour, HoverGoesBeforeVisited) {
-    EXPECT_EQ((LinkState{.visited = false, .hovered = false}.getLook()), LinkLook::NORMAL);
-    EXPECT_EQ((LinkState{.visited = true, .hovered = false}.getLook()), LinkLook::VISITED);
-    EXPECT_EQ((LinkState{.visited = false, .hovered = true}.getLook()), LinkLook::HOVERED);
-    EXPECT_EQ((LinkState{.visited = true, .hovered = true}.getLook()), LinkLook::HOVERED);
 }
 
 } // namespace

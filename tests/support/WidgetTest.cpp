@@ -83,6 +83,20 @@ wxPoint WidgetTest::middle(const wxWindow& window) {
     return {size.x / 2, size.y / 2};
 }
 
+bool WidgetTest::hasFocus(const wxWindow& window) {
+    return pumpUntil([&window] { return window.HasFocus(); });
+}
+
+void WidgetTest::giveFocus(wxWindow& window) {
+    window.SetFocus();
+    EXPECT_TRUE(hasFocus(window)) << "no focus for " << window.GetName();
+}
+
+void WidgetTest::loseCapture(wxWindow& window) {
+    wxMouseCaptureLostEvent lost(window.GetId());
+    window.ProcessWindowEvent(lost);
+}
+
 wxImage WidgetTest::capture(wxWindow& window) {
     pump();
     const wxPoint origin = window.ClientToScreen(wxPoint(0, 0));
@@ -165,6 +179,12 @@ void WidgetTest::pressButton(int button) {
 void WidgetTest::releaseButton(int button) {
     _input.MouseUp(button);
     pump();
+}
+
+void WidgetTest::pressOn(const wxWindow& window, wxPoint point) {
+    movePointer(window, point);
+    pressButton();
+    EXPECT_TRUE(pumpUntil([&window] { return window.HasCapture(); })) << "the press did not arrive";
 }
 
 void WidgetTest::click(const wxWindow& window, wxPoint point, int button) {

@@ -3,6 +3,9 @@
 #include <functional>
 #include <ostream>
 
+#include <OstrelLibWx/WindowUtils.h>
+
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/colour.h>
 #include <wx/dcmemory.h>
@@ -10,6 +13,7 @@
 #include <wx/image.h>
 #include <wx/panel.h>
 #include <wx/uiaction.h>
+#include <wx/weakref.h>
 
 /// Real windows and real input. The library is up and an event loop is active for the whole program; every test gets a
 /// frame of its own, shown and active, and leaves nothing behind.
@@ -43,6 +47,13 @@ public:
     /// The middle of the window's client area, in its client coordinates.
     static wxPoint middle(const wxWindow& window);
 
+    /// Waits until the window has the focus; `giveFocus` gives it to the window before.
+    static bool hasFocus(const wxWindow& window);
+    static void giveFocus(wxWindow& window);
+
+    /// Tells the window that something took the mouse from it.
+    static void loseCapture(wxWindow& window);
+
     /// What the screen shows of the window's client area now.
     static wxImage capture(wxWindow& window);
 
@@ -66,6 +77,9 @@ protected:
     void pressButton(int button = wxMOUSE_BTN_LEFT);
     void releaseButton(int button = wxMOUSE_BTN_LEFT);
 
+    /// Moves there and presses, and waits until the window has captured the mouse.
+    void pressOn(const wxWindow& window, wxPoint point);
+
     /// Moves there, presses and releases.
     void click(const wxWindow& window, wxPoint point, int button = wxMOUSE_BTN_LEFT);
 
@@ -82,6 +96,12 @@ private:
 
 /// A picture painted off screen by `paint`, on a ground of `ground`.
 wxImage paintOffScreen(wxSize size, const std::function<void(wxDC&)>& paint, const wxColour& ground = *wxWHITE);
+
+/// The same by the control's own `paint`, in its size.
+template <class Control>
+wxImage pictureOf(const Control& control) {
+    return paintOffScreen(control.GetClientSize(), [&control](wxDC& dc) { control.paint(dc); });
+}
 
 /// The colour of one pixel of a picture; comparable, and printed as "(r, g, b)". Outside the picture: a test failure.
 struct PixelColour {

@@ -67,36 +67,6 @@ TEST(BitmapConversion, AgreesWithTheToolkitAboutPlacesAndChannels) {
     EXPECT_EQ((*read)(0, 1), (Rgb{40 * 0.003921569F, 50 * 0.003921569F, 60 * 0.003921569F, 1.0F}));
 }
 
-TEST(BitmapConversion, ClampsAndRoundsColoursAndTruncatesAlpha) {
-    constexpr float INFINITE_VALUE = std::numeric_limits<float>::infinity();
-    constexpr float NAN_VALUE = std::numeric_limits<float>::quiet_NaN();
-    const struct {
-        float value;
-        int colour, alpha;
-    } cases[] = {
-        {0.5F, 128, 127},
-        {1.5F, 255, 255},
-        {-0.2F, 0, 0},
-        {0.3F, 76, 76},
-        {1.0F, 255, 255},
-        {0.999F, 255, 254},
-        {0.9F * BYTE, 1, 0},
-        {0.4F * BYTE, 0, 0},
-        {INFINITE_VALUE, 255, 255},
-        {-INFINITE_VALUE, 0, 0},
-        {NAN_VALUE, 0, 0},
-        {std::numeric_limits<float>::max(), 255, 255},
-        {std::numeric_limits<float>::denorm_min(), 0, 0},
-    };
-    for (const auto& c : cases) {
-        wxBitmap bitmap = Wx::toWxBitmap(BitmapImpl<Rgb>(1, 1, {c.value, c.value, c.value, c.value}), true);
-        const auto back = Wx::toRgbBitmap(bitmap);
-        ASSERT_TRUE(back);
-        EXPECT_EQ(std::lround((*back)(0, 0).green * 255.0F), c.colour) << c.value;
-        EXPECT_EQ(std::lround((*back)(0, 0).alpha * 255.0F), c.alpha) << c.value;
-    }
-}
-
 TEST(BitmapConversion, KnowsTheEmptyAndTheUnsupportedAndChangesNothing) {
     EXPECT_FALSE(Wx::toWxBitmap({}, true).IsOk());
     wxBitmap invalid;

@@ -1,12 +1,8 @@
 #include <OstrelLibWx/widgets/AutoSizedButton.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "support/WidgetTest.h"
 
 #include <algorithm>
-
-#include <gmock/gmock.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -43,17 +39,13 @@ protected:
         showAll();
     }
 
-    wxImage picture() {
-        return paintOffScreen(button->GetSize(), [this](wxDC& dc) { button->paint(dc); });
-    }
+    wxImage picture() { return pictureOf(*button); }
     /// The background where neither frame nor bitmap nor label is.
     PixelColour ground() { return pixelAt(picture(), 30, 50); }
 
     /// Presses in the middle and waits until the button has seen it.
     void press() {
-        movePointer(*button, middle(*button));
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return button->HasCapture(); })) << "the press did not arrive";
+        pressOn(*button, middle(*button));
         EXPECT_EQ(ground(), PRESSED);
     }
     bool isToldOf(std::size_t entries) {
@@ -90,24 +82,18 @@ TEST_F(ButtonClick, TogglesThenTellsTheParentThenTheCallable) {
 TEST_F(ButtonClick, IsNoneWhenThePressIsTakenAway) {
     make(panel(), Button::TOGGLE);
     button->setToggled(true);
-    const std::function<void()> ways[] = {
-        [this] { movePointer(panel(), wxPoint(300, 300)); },
-        [this] {
-            wxMouseCaptureLostEvent lost(button->GetId());
-            button->ProcessWindowEvent(lost);
-            EXPECT_FALSE(button->HasCapture());
-        },
-        [this] {
-            button->Enable(false);
-            EXPECT_FALSE(button->HasCapture());
-            button->Enable(true);
-        },
+    const std::pair<bool, std::function<void()>> ways[] = {
+        {false, [this] { movePointer(panel(), wxPoint(300, 300)); }},
+        {true, [this] { loseCapture(*button); }},
+        {true, [this] { button->Enable(false); }},
     };
-    for (const std::function<void()>& takeAway : ways) {
+    for (const auto& [atOnce, takeAway] : ways) {
         press();
         takeAway();
+        EXPECT_FALSE(atOnce && button->HasCapture());
+        button->Enable(true);
         releaseButton();
-        EXPECT_TRUE(pumpUntil([this] { return !button->HasCapture() && ground() == TOGGLED; })) << &takeAway - ways;
+        EXPECT_TRUE(pumpUntil([this] { return !button->HasCapture() && ground() == TOGGLED; }));
     }
     settle();
     EXPECT_THAT(log, ElementsAre());

@@ -3,9 +3,6 @@
 #include "support/WidgetTest.h"
 #include "widgets/ModalDriver.h"
 
-#include <gmock/gmock.h>
-#include <wx/weakref.h>
-
 namespace Ostrel::Wx {
 namespace {
 
@@ -31,22 +28,17 @@ protected:
         showAll();
     }
 
-    wxImage picture() {
-        return paintOffScreen(box->GetSize(), [this](wxDC& dc) { box->paint(dc); });
-    }
+    wxImage picture() { return pictureOf(*box); }
     /// The top left corner of the box with the tick, in the control.
     wxPoint corner() { return {scaleByDpi(2), (box->GetSize().y - scaleByDpi(15)) / 2}; }
     PixelColour inside() { return pixelAt(picture(), corner().x + 3, corner().y + 3); }
     PixelColour innerFrame() { return pixelAt(picture(), corner().x + 1, corner().y + 1); }
     void press() {
-        movePointer(*box, middle(*box));
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return box->HasCapture(); })) << "the press did not arrive";
+        pressOn(*box, middle(*box));
         EXPECT_EQ(inside(), PRESSED);
     }
     void pressSpace() {
-        box->SetFocus();
-        EXPECT_TRUE(pumpUntil([this] { return box->HasFocus(); }));
+        giveFocus(*box);
         input().KeyDown(WXK_SPACE);
         EXPECT_TRUE(pumpUntil([this] { return inside() == PRESSED; })) << "the key did not arrive";
     }
@@ -94,25 +86,17 @@ TEST_F(CheckBoxClick, IsNoneWhenThePressIsTakenAway) {
     auto* const group = new wxPanel(&panel(), wxID_ANY, wxPoint(0, 0), wxSize(300, 100));
     auto* const other = new CheckBox(&panel(), wxID_ANY, "Other", wxPoint(20, 200));
     make(*group);
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"released outside", [this] { movePointer(panel(), wxPoint(300, 300)); }},
-        {"capture lost",
-         [this] {
-             wxMouseCaptureLostEvent lost(box->GetId());
-             box->ProcessWindowEvent(lost);
-             EXPECT_FALSE(box->HasCapture());
-         }},
-        {"disabled while pressed",
-         [this] {
-             box->Enable(false);
-             EXPECT_FALSE(box->HasCapture());
-             box->Enable(true);
-         }},
+    const std::tuple<const char*, bool, std::function<void()>> ways[] = {
+        {"released outside", false, [this] { movePointer(panel(), wxPoint(300, 300)); }},
+        {"capture lost", true, [this] { loseCapture(*box); }},
+        {"disabled while pressed", true, [this] { box->Enable(false); }},
     };
-    for (const auto& [name, takeAway] : ways) {
+    for (const auto& [name, atOnce, takeAway] : ways) {
         SCOPED_TRACE(name);
         press();
         takeAway();
+        EXPECT_FALSE(atOnce && box->HasCapture());
+        box->Enable(true);
         releaseButton();
         EXPECT_TRUE(pumpUntil([this] { return !box->HasCapture() && inside() == NORMAL; }));
     }
@@ -157,18 +141,17 @@ TEST_F(CheckBoxFocus, ComesByTabByMoveFocusAndByAPress) {
     disabled->Enable(false);
     auto* const fourth = new CheckBox(&panel(), wxID_ANY, "Fourth", wxPoint(20, 160));
     showAll();
-    const auto hasFocus = [](wxWindow* window) { return [window] { return window->HasFocus(); }; };
     click(*box, middle(*box));
-    EXPECT_TRUE(pumpUntil(hasFocus(box)));
+    EXPECT_TRUE(hasFocus(*box));
     const wxPoint dot(corner().x + scaleByDpi(15) + scaleByDpi(3), (box->GetSize().y - box->GetCharHeight()) / 2);
     EXPECT_EQ(pixelAt(picture(), dot.x, dot.y), TEXT);
     EXPECT_EQ(pixelAt(picture(), dot.x + 1, dot.y), NORMAL) << "every other pixel";
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil(hasFocus(second)));
+    EXPECT_TRUE(hasFocus(*second));
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil(hasFocus(fourth)));
+    EXPECT_TRUE(hasFocus(*fourth));
     moveFocus(fourth, MoveFocusDirection::BACKWARD);
-    EXPECT_TRUE(pumpUntil(hasFocus(second)));
+    EXPECT_TRUE(hasFocus(*second));
     pressKey(WXK_SPACE);
     EXPECT_TRUE(pumpUntil([second] { return second->getValue(); }));
 }

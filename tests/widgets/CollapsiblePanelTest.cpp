@@ -1,15 +1,11 @@
 #include <OstrelLibWx/widgets/CollapsiblePanel.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/dialog.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -55,10 +51,6 @@ protected:
     PixelColour ground() { return pixelAt(picture(), header.width - 10, header.height / 2); }
     bool isToldOf(std::size_t changes) {
         return pumpUntil([this, changes] { return log.size() == changes; });
-    }
-    void focusHeader() {
-        headerWindow().SetFocus();
-        EXPECT_TRUE(pumpUntil([this] { return headerWindow().HasFocus(); }));
     }
 
     wxWeakRef<CollapsiblePanel> collapsible;
@@ -148,7 +140,7 @@ TEST_F(CollapsibleClick, IsAlsoAKeyOnTheHeaderEvenInADialog) {
     dialog.SetClientSize(300, 200);
     dialog.Show();
     ASSERT_TRUE(pumpUntil([&dialog] { return dialog.IsActive(); }));
-    focusHeader();
+    giveFocus(headerWindow());
     std::size_t changes = 0;
     for (const int key : {WXK_SPACE, WXK_RETURN, WXK_RETURN}) {
         pressKey(key);
@@ -160,24 +152,22 @@ TEST_F(CollapsibleClick, IsAlsoAKeyOnTheHeaderEvenInADialog) {
 
 TEST_F(CollapsibleClick, TakesTheFocusOutOfAContentThatCloses) {
     make(panel());
-    text->SetFocus();
-    ASSERT_TRUE(pumpUntil([this] { return text->HasFocus(); }));
+    giveFocus(*text);
     pressKey(WXK_SPACE);
     EXPECT_TRUE(pumpUntil([this] { return text->GetValue() == " "; }));
     EXPECT_THAT(log, IsEmpty()) << "the content's keys are its own";
     collapsible->setExpanded(false, false);
-    EXPECT_TRUE(pumpUntil([this] { return headerWindow().HasFocus(); }));
+    EXPECT_TRUE(hasFocus(headerWindow()));
     collapsible->setExpanded(true, false);
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil([this] { return text->HasFocus(); }));
+    EXPECT_TRUE(hasFocus(*text));
 }
 
 TEST_F(CollapsibleClick, EndsWithThePanel) {
     make(panel());
     for (const bool destroyed : {false, true}) {
-        movePointer(*collapsible, onHeader());
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return headerWindow().HasCapture() && ground() == PRESSED; }));
+        pressOn(headerWindow(), onHeader());
+        EXPECT_EQ(ground(), PRESSED);
         destroyed ? collapsible->Destroy() : collapsible->Enable(false);
         EXPECT_EQ(wxWindow::GetCapture(), nullptr);
         releaseButton();
@@ -191,7 +181,7 @@ TEST_F(CollapsibleClick, EndsWithThePanel) {
 
     make(panel());
     onToggle = [this] { collapsible->Destroy(); };
-    focusHeader();
+    giveFocus(headerWindow());
     pressKey(WXK_RETURN);
     EXPECT_TRUE(pumpUntil([this] { return !collapsible; }));
 }
@@ -210,7 +200,7 @@ TEST_F(CollapsibleLook, SaysWhichStateItIsIn) {
     EXPECT_EQ(pixelAt(picture(), 1, 1), FRAME);
     const wxPoint dot(scaleByDpi(3), scaleByDpi(3));
     EXPECT_EQ(pixelAt(picture(), dot.x, dot.y), NORMAL);
-    focusHeader();
+    giveFocus(headerWindow());
     EXPECT_TRUE(pumpUntil([&] { return pixelAt(picture(), dot.x, dot.y) == TEXT; }));
     movePointer(*collapsible, onHeader());
     EXPECT_TRUE(pumpUntil([&] { return pixelAt(picture(), 1, 1) == FRAME_UNDER_MOUSE; }));

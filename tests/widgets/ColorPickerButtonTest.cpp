@@ -1,14 +1,10 @@
 #include <OstrelLibWx/widgets/ColorPickerButton.h>
 
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/ColorPicker.h>
 #include <OstrelLibWx/widgets/RgbDataObject.h>
 
 #include "support/WidgetTest.h"
 #include "widgets/ModalDriver.h"
-
-#include <gmock/gmock.h>
-#include <wx/weakref.h>
 
 #include <limits>
 
@@ -39,16 +35,10 @@ protected:
         showAll();
     }
 
-    PixelColour shown(int x = 9, int y = 9) {
-        return pixelAt(paintOffScreen(button->GetClientSize(), [this](wxDC& dc) { button->paint(dc); }), x, y);
-    }
+    PixelColour shown(int x = 9, int y = 9) { return pixelAt(pictureOf(*button), x, y); }
     static ColorPicker* picker() { return ModalDriver::findActive<ColorPicker>(); }
     static bool isPickerGone() { return ModalDriver::findShown<ColorPicker>() == nullptr; }
-    void press() {
-        movePointer(*button, middle(*button));
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return button->HasCapture(); }));
-    }
+    void press() { pressOn(*button, middle(*button)); }
     /// Clicks, and works the picker that opens until it is gone.
     void clickAndWork(std::vector<ModalDriver::Step> steps) {
         steps.insert(steps.begin(), [] { return picker() != nullptr; });
@@ -132,8 +122,7 @@ TEST_F(SwatchPicker, PreviewsAndCommitsAndCancelTakesBack) {
 
 TEST_F(SwatchPicker, StaysShutWhenThePressIsTakenAwayAndEndsWithTheButton) {
     press();
-    wxMouseCaptureLostEvent lost(button->GetId());
-    button->ProcessWindowEvent(lost);
+    loseCapture(*button);
     releaseButton();
     press();
     button->Enable(false);

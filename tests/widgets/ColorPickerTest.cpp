@@ -1,7 +1,6 @@
 #include <OstrelLibWx/widgets/ColorPicker.h>
 
 #include <OstrelLib/Exceptions.h>
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/Button.h>
 #include <OstrelLibWx/widgets/CheckBox.h>
 #include <OstrelLibWx/widgets/Spinner.h>
@@ -329,8 +328,7 @@ TEST_F(ColorPickerTest, IsLaidOutWithoutGapsAndClipping) {
     const wxSize size = slice.GetSize();
     EXPECT_GE(size.y, scaleByDpi(234));
     EXPECT_EQ(slice.GetRect().GetBottom(), child<ColorDisplay>(1).GetRect().GetBottom());
-    const wxImage image = paintOffScreen(size, [&](wxDC& dc) { slice.paint(dc); });
-    EXPECT_LE(pixelAt(image, size.x - 1, size.y - 1).red, 1) << "all of it is filled";
+    EXPECT_LE(pixelAt(pictureOf(slice), size.x - 1, size.y - 1).red, 1) << "all of it is filled";
 }
 
 } // namespace

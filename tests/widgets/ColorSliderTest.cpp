@@ -1,7 +1,5 @@
 #include "widgets/ColorSlider.h"
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "widgets/ColorWidgetTest.h"
 #include "widgets/HwbSlice.h"
 
@@ -49,8 +47,7 @@ TEST_F(ColorSliderTest, FollowsTheMouseFromEndToEnd) {
         EXPECT_THAT(log,
                     ElementsAre("pressed", "1.00", "0.00", testing::StartsWith("0.5"), "1.00", "0.00", "released"));
         press(*slider, at(0));
-        wxMouseCaptureLostEvent lost;
-        slider->ProcessWindowEvent(lost);
+        loseCapture(*slider);
         EXPECT_THAT(log, ElementsAre("pressed", "0.00", "released"));
         EXPECT_FALSE(slider->HasCapture());
         releaseButton();
@@ -85,7 +82,7 @@ TEST_F(ColorSliderTest, AsksForItsColoursOnlyWhenTheyChange) {
 TEST_F(ColorSliderTest, ShowsItsColoursAndAMarkerAcrossThem) {
     for (const bool vertical : {false, true}) {
         const ColorSlider* const slider = make(vertical);
-        const wxImage image = paintOffScreen(slider->GetClientSize(), [slider](wxDC& dc) { slider->paint(dc); });
+        const wxImage image = pictureOf(*slider);
         const int across = scaleByDpi(20) - 1;
         const auto at = [&](int along, int over) {
             return pixelAt(image, vertical ? over : along, vertical ? along : over);
@@ -112,9 +109,7 @@ TEST_F(ColorSliderTest, FieldShowsHueAndBlacknessAndIsDragged) {
     dragTo(*slice, wxPoint(-30, size.y + 30));
     releaseButton();
     EXPECT_THAT(log, ElementsAre("180 0.20", "0 1.00"));
-    const auto at = [&](int x, int y) {
-        return pixelAt(paintOffScreen(slice->GetClientSize(), [&](wxDC& dc) { slice->paint(dc); }), x, y);
-    };
+    const auto at = [&](int x, int y) { return pixelAt(pictureOf(*slice), x, y); };
     slice->setPosition({180, 0.5F});
     EXPECT_EQ(at(0, 0), (PixelColour{255, 0, 0}));
     EXPECT_LE(at(0, size.y - 1).red, 255 / scaleByDpi(40) + 1);

@@ -3,9 +3,7 @@
 #include "core/Printing.h"
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 #include <string>
 #include <vector>
@@ -25,8 +23,7 @@ protected:
         EXPECT_TRUE(pumpUntil([this] { return !log.empty(); })) << "the press did not arrive";
     }
     void type(wxTextCtrl& field, const char* typed) {
-        field.SetFocus();
-        EXPECT_TRUE(pumpUntil([&] { return field.HasFocus(); }));
+        giveFocus(field);
         field.SelectAll();
         input().Text(typed);
         EXPECT_TRUE(pumpUntil([&] { return field.GetValue() == typed; })) << field.GetValue();

@@ -3,7 +3,6 @@
 #include <OstrelLib/Exceptions.h>
 #include <OstrelLibWx/CurvesFile.h>
 #include <OstrelLibWx/MessageDialog.h>
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
 #include <OstrelLibWx/widgets/DropdownButton.h>
 

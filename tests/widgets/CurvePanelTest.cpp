@@ -1,13 +1,10 @@
 #include <OstrelLibWx/widgets/CurvePanel.h>
 
 #include <OstrelLib/Exceptions.h>
-#include <OstrelLibWx/WindowUtils.h>
 
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/dcscreen.h>
-#include <wx/weakref.h>
 
 #include <cstring>
 #include <limits>
@@ -74,9 +71,7 @@ protected:
         }
     }
     void drag(wxPoint from, wxPoint to) {
-        movePointer(*curves, from);
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return curves->HasCapture(); })) << "the press did not arrive";
+        pressOn(*curves, from);
         movePointer(*curves, to);
     }
     /// The panel's picture, which keeps to the panel's place in a larger bitmap and is the same when painted anew.
@@ -129,8 +124,7 @@ TEST_F(CurvePanelWindow, AddsDragsAndDeletesPointsUntilItIsTakenAway) {
     EXPECT_TRUE(pumpUntil([this] { return points().size() == 2; }));
     drag(at(100, 100), at(100, 150));
     EXPECT_TRUE(pumpUntil([this] { return points()[1] == CurvePoint{0.5F, 0.75F}; }));
-    wxMouseCaptureLostEvent lost;
-    curves->ProcessWindowEvent(lost);
+    loseCapture(*curves);
     EXPECT_FALSE(curves->HasCapture());
     movePointer(*curves, at(100, 40));
     releaseButton();

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include <wx/weakref.h>
-
 /// What a dialog's host has been asked and told, a word or two each. It may do something in its answer.
 struct HostLog {
     void call(const wxString& what) {
@@ -64,8 +62,7 @@ protected:
         click(*button, middle(*button));
     }
     void pressIn(wxWindow& control, int key) {
-        control.SetFocus();
-        EXPECT_TRUE(pumpUntil([&] { return control.HasFocus(); }));
+        giveFocus(control);
         pressKey(key);
     }
 

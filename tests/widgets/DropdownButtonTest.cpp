@@ -1,13 +1,9 @@
 #include <OstrelLibWx/widgets/DropdownButton.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/dialog.h>
 #include <wx/scrolwin.h>
-#include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -54,9 +50,7 @@ protected:
         return popup()->GetChildren().GetFirst()->GetData()->GetChildren().Item(index)->GetData();
     }
     static bool isCurrent(std::size_t index) {
-        return pixelAt(paintOffScreen(entry(index)->GetSize(),
-                                      [index](wxDC& dc) { static_cast<Button*>(entry(index))->paint(dc); }),
-                       1, 1) == FRAME_UNDER_MOUSE;
+        return pixelAt(pictureOf(*static_cast<Button*>(entry(index))), 1, 1) == FRAME_UNDER_MOUSE;
     }
 
     void openByClick() {
@@ -65,15 +59,12 @@ protected:
         EXPECT_TRUE(pumpUntil([] { return popup() != nullptr && static_cast<wxTopLevelWindow*>(popup())->IsActive(); }))
             << "the row did not come up";
         EXPECT_TRUE(button->isOpen());
-        settleFocus();
+        // Until keys reach the row.
+        EXPECT_TRUE(pumpUntil([] { return wxGetTopLevelParent(wxWindow::FindFocus()) == popup(); }));
         if (popup() != nullptr) {
             waitForRest(*popup());
         }
         log.clear();
-    }
-    /// Until keys reach the row.
-    static void settleFocus() {
-        EXPECT_TRUE(pumpUntil([] { return wxGetTopLevelParent(wxWindow::FindFocus()) == popup(); }));
     }
     bool isClosed() {
         return pumpUntil([this] { return !button->isOpen() && popup() == nullptr; });
@@ -105,19 +96,17 @@ TEST_F(DropdownRowOnScreen, IsUnderTheButtonAndItsEntriesHaveTheirSize) {
     })) << "the row is on the screen";
     EXPECT_TRUE(pumpUntil([this] { return pixelAt(capture(*button), 6, 6) == TOGGLED; })) << "and the button shows it";
 
-    // At the bottom right of the screen.
     button->close();
     const Bucket workArea = getMonitorRegionByWindow(&frame(), MonitorRegionType::WORK_AREA);
-    const wxPoint before = frame().GetPosition();
     const wxPoint button0 = button->GetScreenPosition();
-    frame().Move(before + wxPoint(workArea.max.x - 30 - button0.x, workArea.max.y - 30 - button0.y));
+    frame().Move(frame().GetPosition() + wxPoint(workArea.max.x - 30, workArea.max.y - 30) - button0);
     EXPECT_TRUE(pumpUntil([&] { return button->GetScreenPosition() != button0; }));
     waitForRest(*button);
     button->open();
-    EXPECT_TRUE(pumpUntil([] { return popup() != nullptr; }));
     settle();
+    ASSERT_NE(popup(), nullptr);
     const wxRect moved = popup()->GetScreenRect();
-    EXPECT_LE(moved.GetRight(), workArea.max.x - 1);
+    EXPECT_LE(moved.GetRight(), workArea.max.x - 1) << "at the bottom right of the screen";
     EXPECT_EQ(moved.GetBottom(), button->GetScreenRect().GetTop() - 1) << "above, for want of room";
 }
 
@@ -126,10 +115,8 @@ TEST_F(DropdownRowOnScreen, IsThereOnlyIfThereAreEntries) {
     EXPECT_GE(empty->GetMinSize().x, empty->GetTextExtent(empty->GetLabel()).x + 2 * scaleByDpi(15));
     empty->open();
     EXPECT_FALSE(empty->isOpen());
-    const wxImage picture = paintOffScreen(empty->GetMinSize(), [empty](wxDC& dc) {
-        empty->SetSize(empty->GetMinSize());
-        empty->paint(dc);
-    });
+    empty->SetSize(empty->GetMinSize());
+    const wxImage picture = pictureOf(*empty);
     EXPECT_EQ(pixelAt(picture, picture.GetWidth() - scaleByDpi(11), picture.GetHeight() / 2), TEXT) << "the triangle";
 }
 
@@ -243,46 +230,22 @@ TEST_F(DropdownClosingByItself, OnEverythingThatTakesItsPlaceAway) {
     auto* const other = new wxFrame(nullptr, wxID_ANY, "Other", wxPoint(900, 100), wxSize(200, 200));
     other->Show();
     EXPECT_TRUE(pumpUntil([other] { return other->IsActive(); }));
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"Escape", [this] { pressKey(WXK_ESCAPE); }},
-        {"a click elsewhere in the window", [this] { click(panel(), wxPoint(500, 400)); }},
-        {"a click in another window", [this, other] { click(*other, middle(*other)); }},
-        {"another window gets the focus", [other] { other->Raise(); }},
-        {"the window moves", [this] { frame().Move(frame().GetPosition() + wxPoint(7, 5)); }},
-        {"the window is hidden",
-         [this] {
-             frame().Hide();
-             EXPECT_TRUE(isClosed());
-             frame().Show();
-         }},
-        {"its parent is hidden",
-         [this, scrolled] {
-             scrolled->Hide();
-             EXPECT_TRUE(isClosed());
-             scrolled->Show();
-         }},
-        {"its parent scrolls",
-         [this, scrolled] {
-             scrolled->Scroll(0, 2);
-             EXPECT_TRUE(isClosed());
-             scrolled->Scroll(0, 0);
-         }},
-        {"its parent is disabled",
-         [this, scrolled] {
-             scrolled->Disable();
-             EXPECT_TRUE(isClosed());
-             scrolled->Enable();
-         }},
-        {"it is disabled",
-         [this] {
-             button->Disable();
-             EXPECT_EQ(popup(), nullptr);
-             button->Enable();
-         }},
-        {"its own function", [this] { button->close(); }},
-        {"it is closed as a window", [] { popup()->Close(); }},
+    const std::function<void()> nothing = [] {};
+    const std::tuple<const char*, std::function<void()>, std::function<void()>> ways[] = {
+        {"Escape", [this] { pressKey(WXK_ESCAPE); }, nothing},
+        {"a click elsewhere in the window", [this] { click(panel(), wxPoint(500, 400)); }, nothing},
+        {"a click in another window", [this, other] { click(*other, middle(*other)); }, nothing},
+        {"another window gets the focus", [other] { other->Raise(); }, nothing},
+        {"the window moves", [this] { frame().Move(frame().GetPosition() + wxPoint(7, 5)); }, nothing},
+        {"the window is hidden", [this] { frame().Hide(); }, [this] { frame().Show(); }},
+        {"its parent is hidden", [scrolled] { scrolled->Hide(); }, [scrolled] { scrolled->Show(); }},
+        {"its parent scrolls", [scrolled] { scrolled->Scroll(0, 2); }, [scrolled] { scrolled->Scroll(0, 0); }},
+        {"its parent is disabled", [scrolled] { scrolled->Disable(); }, [scrolled] { scrolled->Enable(); }},
+        {"it is disabled", [this] { button->Disable(); }, [this] { button->Enable(); }},
+        {"its own function", [this] { button->close(); }, nothing},
+        {"it is closed as a window", [] { popup()->Close(); }, nothing},
     };
-    for (const auto& [name, takeAway] : ways) {
+    for (const auto& [name, takeAway, giveBack] : ways) {
         SCOPED_TRACE(name);
         frame().Raise();
         EXPECT_TRUE(pumpUntil([this] { return frame().IsActive(); }));
@@ -292,6 +255,7 @@ TEST_F(DropdownClosingByItself, OnEverythingThatTakesItsPlaceAway) {
         EXPECT_TRUE(isClosed());
         EXPECT_THAT(log, IsEmpty());
         EXPECT_FALSE(button->isToggled());
+        giveBack();
     }
     other->Destroy();
 }

@@ -31,12 +31,11 @@ protected:
         button->onPickingEnded = [this] { heard("ended"); };
         text = new wxTextCtrl(&panel(), wxID_ANY, "", wxPoint(20, 200));
         showAll();
-        text->SetFocus();
-        EXPECT_TRUE(pumpUntil([this] { return text->HasFocus(); }));
+        giveFocus(*text);
     }
     void expectOver(const char* how) {
         EXPECT_EQ(wxWindow::GetCapture(), nullptr) << how;
-        EXPECT_TRUE(pumpUntil([this] { return text->HasFocus(); })) << "the focus is given back: " << how;
+        EXPECT_TRUE(hasFocus(*text)) << "the focus is given back: " << how;
     }
 
     EyeDropperButton* button{};
@@ -55,7 +54,7 @@ TEST_F(EyeDropperTest, PicksTheMeanOfASquareAroundThePointer) {
         button->averagingRadius = radius;
         press(*button, wxPoint(10, 10));
         dragTo(*target, wxPoint(x, 40));
-        const wxImage shown = paintOffScreen(button->GetSize(), [this](wxDC& dc) { button->paint(dc); });
+        const wxImage shown = pictureOf(*button);
         releaseButton();
         EXPECT_NEAR(picked.red, 1 - blue, 1e-4F) << radius << ", " << x;
         EXPECT_NEAR(picked.green, 0.4F * blue, 1e-4F);
@@ -80,8 +79,7 @@ TEST_F(EyeDropperTest, EndsWithoutAColour) {
         if (how == std::string("Escape")) {
             pressKey(WXK_ESCAPE);
         } else {
-            wxMouseCaptureLostEvent lost;
-            button->ProcessWindowEvent(lost);
+            loseCapture(*button);
         }
         EXPECT_TRUE(pumpUntil([this] { return !button->isPicking(); })) << how;
         expectOver(how);

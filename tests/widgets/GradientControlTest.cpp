@@ -1,12 +1,8 @@
 #include <OstrelLibWx/widgets/ColorPicker.h>
 #include <OstrelLibWx/widgets/GradientControl.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "support/WidgetTest.h"
 #include "widgets/ModalDriver.h"
-
-#include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -35,15 +31,9 @@ protected:
     }
     wxPoint strip(float position) { return {handle(position).x, 8}; }
     const ColorGradientPoint& point(std::size_t index) { return control->getGradient().getPoints().at(index); }
-    wxImage picture() {
-        return paintOffScreen(control->GetClientSize(), [this](wxDC& dc) { control->paint(dc); });
-    }
+    wxImage picture() { return pictureOf(*control); }
 
-    void press(float position) {
-        movePointer(*control, handle(position));
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return control->HasCapture(); }));
-    }
+    void press(float position) { pressOn(*control, handle(position)); }
     static ColorPicker* picker() { return ModalDriver::findActive<ColorPicker>(); }
     /// Double-clicks, and works the picker that opens.
     void edit(wxPoint place, std::function<void()> work) {
@@ -84,8 +74,7 @@ TEST_F(GradientMouse, DragsAHandleAndTellsOfItOnceAtTheEnd) {
 
 TEST_F(GradientMouse, EndsADragThatIsTakenAwayAndMayDestroyTheControl) {
     press(0.0F);
-    wxMouseCaptureLostEvent lost(control->GetId());
-    control->ProcessWindowEvent(lost);
+    loseCapture(*control);
     EXPECT_TRUE(!control->HasCapture() && told.size() == 1);
     releaseButton();
     press(0.5F);

@@ -1,7 +1,6 @@
 #include <OstrelLibWx/widgets/ImageSaveSettingsDialog.h>
 
 #include <OstrelLib/Exceptions.h>
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/CheckBox.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
 

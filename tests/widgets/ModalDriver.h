@@ -2,7 +2,6 @@
 
 #include "support/WidgetTest.h"
 
-#include <functional>
 #include <vector>
 
 #include <wx/dialog.h>

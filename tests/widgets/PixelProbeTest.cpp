@@ -1,12 +1,9 @@
 #include <OstrelLibWx/widgets/PixelProbe.h>
 
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/GuiSkin.h>
 #include <OstrelLibWx/widgets/StaticText.h>
 
 #include "support/WidgetTest.h"
-
-#include <wx/weakref.h>
 
 #include <limits>
 

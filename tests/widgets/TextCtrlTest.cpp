@@ -1,10 +1,6 @@
 #include <OstrelLibWx/widgets/TextCtrl.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include "support/WidgetTest.h"
-
-#include <wx/weakref.h>
 
 #include <utility>
 
@@ -78,15 +74,8 @@ protected:
         }));
     }
 
-    void focus() {
-        text->SetFocus();
-        EXPECT_TRUE(pumpUntil([this] { return text->HasFocus(); }));
-    }
-
     void startDrag(long line, long column) {
-        movePointer(*text, at(line, column));
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return text->HasCapture(); }));
+        pressOn(*text, at(line, column));
         EXPECT_TRUE(text->HasFocus());
         EXPECT_TRUE(selects({position(line, column), position(line, column)}));
     }
@@ -144,9 +133,7 @@ TEST_F(TextDragSelection, WorksInASingleLine) {
     // A field's margin is some pixels wide; a third of a letter is wider.
     const auto x = [this](const wchar_t* before) { return text->GetTextExtent(before).x + scaleByDpi(6); };
     const int y = middle(*text).y;
-    movePointer(*text, wxPoint(x(L"\u00c4\u00d6"), y));
-    pressButton();
-    ASSERT_TRUE(pumpUntil([this] { return text->HasCapture(); }));
+    pressOn(*text, wxPoint(x(L"\u00c4\u00d6"), y));
     EXPECT_TRUE(selects({2, 2})) << "in characters, whatever their bytes";
     movePointer(*text, wxPoint(x(L"\u00c4\u00d6\u00dc\u6708"), y));
     EXPECT_TRUE(selects({2, 4}));
@@ -161,8 +148,7 @@ TEST_F(TextDragSelection, WorksInASingleLine) {
 TEST_F(TextDragSelection, OutlivesTheCaptureUntilTheMouseComesBackReleased) {
     make("alpha bravo\ncharlie delta");
     startDrag(0, 2);
-    wxMouseCaptureLostEvent lost(text->GetId());
-    text->ProcessWindowEvent(lost);
+    loseCapture(*text);
     EXPECT_FALSE(text->HasCapture());
     movePointer(*text, at(0, 6));
     EXPECT_TRUE(selects({2, 6})) << "the button is still down";
@@ -254,7 +240,7 @@ TEST_F(TextAppending, FollowsAnUntouchedCaret) {
     EXPECT_EQ(selection().first, text->GetLastPosition());
     EXPECT_TRUE(pumpUntil([this] { return shows(35); })) << "a caret alone counts as untouched";
 
-    focus();
+    giveFocus(*text);
     text->SetInsertionPointEnd();
     text->AppendText("\nmore\nlast");
     EXPECT_EQ(selection().first, text->GetLastPosition());
@@ -277,7 +263,7 @@ TEST_F(TextAppending, LeavesACaretSelectionAndViewThatWereSetElsewhere) {
         SCOPED_TRACE(c.name);
         make(manyLines(60));
         if (c.focus) {
-            focus();
+            giveFocus(*text);
         } else {
             frame().SetFocus();
             pump();
@@ -303,7 +289,7 @@ TEST_F(TextKeys, AreConsumedButForSelectAll) {
         ++chars;
         event.Skip();
     });
-    focus();
+    giveFocus(*text);
     text->SetSelection(2, 4);
     const auto press = [this](int key, int modifiers = wxMOD_NONE) {
         pressKey(key, modifiers);
@@ -327,9 +313,9 @@ TEST_F(TextKeys, TabGoesOn) {
     make("alpha");
     auto* const other = new wxTextCtrl(&panel(), wxID_ANY, "other", wxPoint(10, 10));
     showAll();
-    focus();
+    giveFocus(*text);
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil([other] { return other->HasFocus(); }));
+    EXPECT_TRUE(hasFocus(*other));
     EXPECT_EQ(text->GetValue(), "alpha");
 }
 

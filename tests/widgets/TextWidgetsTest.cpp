@@ -5,8 +5,6 @@
 #include "painting/TextPainting.h"
 #include "support/WidgetTest.h"
 
-#include <wx/weakref.h>
-
 #include <algorithm>
 #include <cstdlib>
 
@@ -22,34 +20,28 @@ const wchar_t STRANGE[] = L"a\0b\xD800"
                           L"c";
 const String STRANGE_TEXT(std::wstring(STRANGE, std::size(STRANGE) - 1));
 
-/// The colour of the picture that differs most from `ground`: what is written on it.
-PixelColour inkOf(const wxImage& image, PixelColour ground) {
+/// The colour of the picture that differs most from `ground`: what is written on it. `bounds` becomes the smallest
+/// rectangle around all that is not `ground`.
+PixelColour inkOf(const wxImage& image, PixelColour ground, wxRect* bounds = nullptr) {
     PixelColour ink = ground;
     int most = 0;
-    for (int y = 0; y < image.GetHeight(); ++y) {
-        for (int x = 0; x < image.GetWidth(); ++x) {
-            const PixelColour at = pixelAt(image, x, y);
-            const int difference =
-                std::abs(at.red - ground.red) + std::abs(at.green - ground.green) + std::abs(at.blue - ground.blue);
-            if (difference > most) {
-                most = difference;
-                ink = at;
-            }
+    for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i) {
+        const wxPoint place(i % image.GetWidth(), i / image.GetWidth());
+        const auto at = pixelAt(image, place.x, place.y);
+        const int difference =
+            std::abs(at.red - ground.red) + std::abs(at.green - ground.green) + std::abs(at.blue - ground.blue);
+        if (difference > 0 && bounds != nullptr) {
+            bounds->Union(wxRect(place, wxSize(1, 1)));
         }
+        ink = difference > most ? at : ink;
+        most = std::max(most, difference);
     }
     return ink;
 }
 
-/// The smallest rectangle around all that is not `ground`.
 wxRect inkBounds(const wxImage& image, PixelColour ground) {
     wxRect bounds;
-    for (int y = 0; y < image.GetHeight(); ++y) {
-        for (int x = 0; x < image.GetWidth(); ++x) {
-            if (!(pixelAt(image, x, y) == ground)) {
-                bounds.Union(wxRect(x, y, 1, 1));
-            }
-        }
-    }
+    inkOf(image, ground, &bounds);
     return bounds;
 }
 
@@ -63,14 +55,11 @@ void expectNear(PixelColour found, const wxColour& expected) {
 
 TEST(TextPicture, LiesWhereTheStyleSays) {
     const auto paint = [](long alignment) {
-        return inkBounds(paintOffScreen(
-                             wxSize(200, 80),
-                             [alignment](wxDC& dc) {
-                                 dc.SetFont(*wxNORMAL_FONT);
-                                 paintLabel(dc, wxSize(200, 80), "HH\nHHHH", alignment, *wxWHITE);
-                             },
-                             *wxBLACK),
-                         BLACK);
+        const auto draw = [alignment](wxDC& dc) {
+            dc.SetFont(*wxNORMAL_FONT);
+            paintLabel(dc, wxSize(200, 80), "HH\nHHHH", alignment, *wxWHITE);
+        };
+        return inkBounds(paintOffScreen(wxSize(200, 80), draw, *wxBLACK), BLACK);
     };
     EXPECT_LT(paint(0).GetLeft(), 5);
     EXPECT_LT(paint(0).GetTop(), 12);
@@ -83,13 +72,11 @@ TEST(TextPicture, LiesWhereTheStyleSays) {
 
 TEST(TextPicture, DisabledValueBeginsAtTheIndentAndHidesPasswords) {
     const auto paint = [](const wxString& value, bool hidden) {
-        return paintOffScreen(
-            wxSize(120, 30),
-            [&](wxDC& dc) {
-                dc.SetFont(*wxNORMAL_FONT);
-                paintDisabledText(dc, value, hidden, 3, wxColour(110, 110, 110));
-            },
-            *wxBLACK);
+        const auto draw = [&](wxDC& dc) {
+            dc.SetFont(*wxNORMAL_FONT);
+            paintDisabledText(dc, value, hidden, 3, wxColour(110, 110, 110));
+        };
+        return paintOffScreen(wxSize(120, 30), draw, *wxBLACK);
     };
     const wxImage shown = paint("HHH", false);
     expectNear(inkOf(shown, BLACK), wxColour(110, 110, 110));
@@ -243,12 +230,11 @@ TEST_F(TextControlTest, IsPassedByTabWhenItCannotBeEdited) {
     showAll();
     EXPECT_TRUE(first.AcceptsFocusFromKeyboard());
     EXPECT_FALSE(readOnly.AcceptsFocusFromKeyboard());
-    first.SetFocus();
-    ASSERT_TRUE(pumpUntil([&] { return first.HasFocus(); }));
+    giveFocus(first);
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil([&] { return last.HasFocus(); }));
+    EXPECT_TRUE(hasFocus(last));
     click(readOnly, middle(readOnly));
-    EXPECT_TRUE(pumpUntil([&] { return readOnly.HasFocus(); })) << "a click is no Tab";
+    EXPECT_TRUE(hasFocus(readOnly)) << "a click is no Tab";
 }
 
 TEST_F(TextControlTest, TakesStrangeTextAndAnySize) {
@@ -369,10 +355,9 @@ TEST_F(TextButtonTest, IsReachedAndWorkedFromTheKeyboard) {
     auto* const field = new TextControl(&panel(), wxID_ANY, L"", 0, {}, wxSize(80, 24));
     field->Move(30, 100);
     make();
-    field->SetFocus();
-    ASSERT_TRUE(pumpUntil([&] { return field->HasFocus(); }));
+    giveFocus(*field);
     pressKey(WXK_TAB);
-    ASSERT_TRUE(pumpUntil([this] { return link->HasFocus(); }));
+    ASSERT_TRUE(hasFocus(*link));
     int expected = 0;
     for (const int key : {WXK_RETURN, WXK_SPACE}) {
         pressKey(key);
@@ -383,9 +368,9 @@ TEST_F(TextButtonTest, IsReachedAndWorkedFromTheKeyboard) {
     settle();
     EXPECT_EQ(clicks, expected);
     pressKey(WXK_TAB);
-    EXPECT_TRUE(pumpUntil([&] { return field->HasFocus(); })) << "Tab goes on";
+    EXPECT_TRUE(hasFocus(*field)) << "Tab goes on";
     moveFocus(field, MoveFocusDirection::FORWARD);
-    EXPECT_TRUE(pumpUntil([this] { return link->HasFocus(); }));
+    EXPECT_TRUE(hasFocus(*link));
 }
 
 TEST_F(TextButtonTest, MayBeDestroyedByItsCallback) {
@@ -393,8 +378,7 @@ TEST_F(TextButtonTest, MayBeDestroyedByItsCallback) {
         make();
         onClick = [this] { link->Destroy(); };
         if (byKey) {
-            link->SetFocus();
-            ASSERT_TRUE(pumpUntil([this] { return link->HasFocus(); }));
+            giveFocus(*link);
             pressKey(WXK_RETURN);
         } else {
             click(*link, middle(*link));

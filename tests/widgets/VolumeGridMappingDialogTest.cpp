@@ -1,6 +1,5 @@
 #include <OstrelLibWx/widgets/VolumeGridMappingDialog.h>
 
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
 #include <OstrelLibWx/widgets/CurvePanel.h>
 #include <OstrelLibWx/widgets/CustomGradient.h>
@@ -64,9 +63,7 @@ protected:
     /// A press on the straight curve and some steps downwards; the button stays down.
     void dragCurve() {
         const wxPoint start = middle(*find<CurvePanel>());
-        movePointer(*find<CurvePanel>(), start);
-        pressButton();
-        EXPECT_TRUE(pumpUntil([this] { return find<CurvePanel>()->HasCapture(); })) << "the press did not arrive";
+        pressOn(*find<CurvePanel>(), start);
         for (const int i : {1, 2, 3}) {
             movePointer(*find<CurvePanel>(), start + wxPoint(0, scaleByDpi(20)) * i);
         }
@@ -176,9 +173,7 @@ TEST_F(MappingDialogTest, PreviewShowsTheHostsColorsAfterEachChange) {
     const CustomGradient& preview = *find<CustomGradient>();
     const wxSize size = preview.GetClientSize();
     const int margin = scaleByDpi(6), width = size.x - 2 * margin;
-    const auto look = [&](int x) {
-        return pixelAt(paintOffScreen(size, [&](wxDC& dc) { preview.paint(dc); }), x, size.y - 1);
-    };
+    const auto look = [&](int x) { return pixelAt(pictureOf(preview), x, size.y - 1); };
     host->colorCount = 0;
     EXPECT_EQ(look(margin), (PixelColour{0, 255, 0}));
     const double last = 255.0 * (width - 1 - margin) / (width - 1);

@@ -1,3 +1,4 @@
+#include "painting/ToolkitTypes.h"
 #include "support/WidgetTest.h"
 
 #include <algorithm>
@@ -15,18 +16,12 @@ namespace {
 using namespace Ostrel;
 using Wx::FindWindowFlag;
 using Wx::TextFlag;
+using Wx::toBucket;
+using Wx::toPixel;
 using enum Wx::MonitorRegionType;
 using enum Wx::MoveFocusDirection;
 
 class WindowUtils : public WidgetTest {};
-
-Bucket toBucket(const wxRect& r) {
-    return {{r.x, r.y}, {r.x + r.width, r.y + r.height}};
-}
-
-Pixel toPixel(wxPoint point) {
-    return {point.x, point.y};
-}
 
 /// What the sizes are at one scale of the system.
 struct Scale {
@@ -234,11 +229,10 @@ TEST_F(WindowUtils, FocusMovesAmongFocusableSiblings) {
     (new FocusableText(&panel()))->Disable();
     showAll();
     const auto moves = [](wxWindow* from, Wx::MoveFocusDirection direction, wxWindow* to) {
-        from->SetFocus();
-        EXPECT_TRUE(pumpUntil([from] { return from->HasFocus(); }));
+        giveFocus(*from);
         Wx::moveFocus(from, direction);
         settle();
-        return pumpUntil([to] { return to->HasFocus(); });
+        return hasFocus(*to);
     };
     EXPECT_TRUE(moves(first, FORWARD, first)) << "no sibling takes it";
     Wx::moveFocus(&frame(), FORWARD); // without a parent

@@ -1,8 +1,6 @@
 // X11 alone: a window of another connection, as of another program.
 #include "support/WidgetTest.h"
 
-#include <OstrelLibWx/WindowUtils.h>
-
 #include <X11/Xlib.h>
 
 #include <X11/Xatom.h>

@@ -3,7 +3,6 @@
 #include "widgets/ModalDriver.h"
 
 #include <OstrelLibWx/MessageDialog.h>
-#include <OstrelLibWx/WindowUtils.h>
 
 #include <gtk/gtk.h>
 

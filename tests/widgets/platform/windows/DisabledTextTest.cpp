@@ -1,5 +1,4 @@
 // Windows alone: there the control draws its disabled text itself, and where is the library's choice.
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/TextControl.h>
 
 #include "support/WidgetTest.h"

@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <OstrelLibWx/WindowUtils.h>
-
 namespace {
 
 using namespace Ostrel;

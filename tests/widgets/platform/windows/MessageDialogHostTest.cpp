@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <OstrelLibWx/MessageDialog.h>
-#include <OstrelLibWx/WindowUtils.h>
 
 #include <future>
 
