@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <string>
 #include <tuple>
 
 namespace Ostrel::Wx {
@@ -48,6 +51,21 @@ TEST(SpinnerValue, IsWithinItsLimitsAndTheOneThatIsShown) {
         const String point(std::wstring(1, decimalPointCharacter()));
         EXPECT_EQ(String(number.getText()).replaceAll(point, "."), text);
         EXPECT_EQ(number.read(number.getText()).kind, SpinnerEntry::Kind::SAME) << "what is shown is no change";
+    }
+}
+
+TEST(SpinnerValue, IsWhatIsShownWhateverThePrecisionAnswers) {
+    SpinnerNumber number = makeNumber({0, 10, 0, 0.0625F}, 5, 1.0F / 3);
+    int asked = 0;
+    number.setPrecision([&asked] { return ++asked % 4; });
+    const std::function<void()> changes[] = {[&] { number.reapply(); }, [&] { number.setValue(2.0F / 3); },
+                                             [&] { number.stepOnce(true, {}); }, [&] { number.change(0.111); },
+                                             [&] { number.stepOnce(false, 0.0F); }};
+    for (int i = 0; i < 40; ++i) {
+        changes[i % 5]();
+        std::string text = number.getText().toUtf8();
+        std::replace(text.begin(), text.end(), ',', '.');
+        ASSERT_EQ(std::stof(text), number.getValue()) << "after change " << i;
     }
 }
 

@@ -1,10 +1,9 @@
 #include <OstrelLibWx/widgets/ComboBox.h>
 
+#include "support/WheelInput.h"
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/scrolwin.h>
-#include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -70,7 +69,7 @@ protected:
         return pumpUntil([row] { return pixelAt(capture(canvas()), 3, top(row)) == HIGHLIGHT_FRAME; });
     }
     void openByPress() {
-        frame().Raise();
+        wxGetTopLevelParent(box)->Raise();
         waitForRest(*box);
         click(*box, middle(*box));
         const auto isUp = [] { return list() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == list(); };
@@ -87,9 +86,6 @@ protected:
         wxMouseEvent event(wxEVT_MOUSEWHEEL);
         event.m_wheelRotation = rotation;
         window.ProcessWindowEvent(event);
-    }
-    static bool getsFocus(wxWindow* window) {
-        return pumpUntil([window] { return window->HasFocus(); });
     }
 
     wxWeakRef<ComboBox> box;
@@ -117,7 +113,7 @@ TEST_F(ComboBoxList, OpensUnderTheBoxWithTheSelectionInView) {
         EXPECT_TRUE(box->isInside(box->GetScreenPosition()) && box->isInside(inList));
         box->close();
         EXPECT_FALSE(box->isInside(inList));
-        EXPECT_TRUE(isClosed() && getsFocus(box));
+        EXPECT_TRUE(isClosed() && hasFocus(*box));
     }
 }
 
@@ -152,6 +148,7 @@ TEST_F(ComboBoxList, ClosesWithoutAChoice) {
         {"a click elsewhere", [this] { click(panel(), wxPoint(500, 400)); }},
         {"the window moves", [this] { frame().Move(frame().GetPosition() + wxPoint(7, 5)); }},
         {"it is disabled", [this] { box->Enable(false), box->Enable(true); }},
+        {"the window is hidden", [this] { frame().Hide(), frame().Show(); }},
         {"Alt+Up", [this] { pressKey(WXK_UP, wxMOD_ALT); }},
         {"it is closed as a window", [] { list()->Close(); }},
     };
@@ -191,8 +188,7 @@ TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     make(panel(), 30, 0);
     for (const bool open : {false, true}) {
         box->selectIndex(0, false);
-        box->SetFocus();
-        EXPECT_TRUE(getsFocus(box));
+        giveFocus(*box);
         log.clear();
         if (open) {
             openByPress();
@@ -205,9 +201,10 @@ TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
             EXPECT_TRUE(!open || isHighlighted(row)) << key;
         }
         pressKey(WXK_DOWN, wxMOD_CONTROL);
-        settle();
+        pressKey(WXK_HOME, wxMOD_ALT);
+        EXPECT_TRUE(pumpUntil([this] { return box->getSelectedIndex() == 0; })) << "with Alt";
         EXPECT_THAT(log, ElementsAre("event 1", "callback 1001", "event 29", "callback 1029", "event 28",
-                                     "callback 1028", "event 7", "callback 1007"));
+                                     "callback 1028", "event 7", "callback 1007", "event 0", "callback 1000"));
     }
     movePointer(canvas(), inRow(9));
     EXPECT_TRUE(isHighlighted(9));
@@ -216,17 +213,43 @@ TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     EXPECT_EQ(box->getSelectedIndex(), 9);
 }
 
+TEST_F(ComboBoxTest, FollowsTheWheelFromEndToEnd) {
+    make(panel(), 3, 0);
+    int turns = 0;
+    const auto count = [&turns](wxMouseEvent& event) {
+        ++turns;
+        event.Skip();
+    };
+    for (const bool open : {false, true}) {
+        box->selectIndex(0, false);
+        open ? openByPress() : log.clear();
+        wxWindow& turned = open ? static_cast<wxWindow&>(canvas()) : *box;
+        movePointer(turned, open ? inRow(0) : middle(*box));
+        EXPECT_TRUE(!open || isHighlighted(0));
+        turned.Bind(wxEVT_MOUSEWHEEL, count);
+        for (const auto& [towardsUser, row] : {std::pair{false, 0}, {true, 1}, {true, 2}, {true, 2}, {false, 1}}) {
+            const int turnsBefore = turns;
+            turnWheelNotch(towardsUser);
+            EXPECT_TRUE(pumpUntil([&] { return turns > turnsBefore; })) << "the wheel did not arrive";
+            EXPECT_EQ(box->getSelectedIndex(), row) << open;
+            EXPECT_TRUE(!open || isHighlighted(row));
+        }
+        EXPECT_THAT(log,
+                    ElementsAre("event 1", "callback 1001", "event 2", "callback 1002", "event 1", "callback 1001"))
+            << "no end is told";
+    }
+}
+
 TEST_F(ComboBoxKeys, TabGoesOnFromTheBoxAndFromTheList) {
     make(panel(), 5, 0);
     for (const bool open : {false, true}) {
         for (const bool backwards : {false, true}) {
-            box->SetFocus();
-            EXPECT_TRUE(getsFocus(box));
+            giveFocus(*box);
             if (open) {
                 openByPress();
             }
             pressKey(WXK_TAB, backwards ? wxMOD_SHIFT : wxMOD_NONE);
-            EXPECT_TRUE(getsFocus(backwards ? before : after)) << open << backwards;
+            EXPECT_TRUE(hasFocus(backwards ? *before : *after)) << open << backwards;
             EXPECT_TRUE(isClosed());
         }
     }
@@ -259,6 +282,7 @@ TEST_F(ComboBoxTest, MayBeDestroyedInAnyOfItsReports) {
         {"event", true, [this] { pressKey(WXK_DOWN); }},
         {"callback", true, [this] { turnWheel(canvas(), -120); }},
         {"shown", false, [this] { click(*box, middle(*box)); }},
+        {"hidden", true, [this] { box->Enable(false); }},
         {"", true, [this] { box->Destroy(); }},
         {"", true, [this] { box->GetGrandParent()->Destroy(); }},
     };
@@ -275,6 +299,16 @@ TEST_F(ComboBoxTest, MayBeDestroyedInAnyOfItsReports) {
         EXPECT_TRUE(isClosed());
         destroyAt.clear();
     }
+}
+
+TEST_F(ComboBoxList, GoesWithTheWindowThatItBelongsTo) {
+    auto* const owner = new wxFrame(&frame(), wxID_ANY, "Owner", wxPoint(200, 150), wxSize(600, 300));
+    make(*new wxPanel(owner), 5, 0);
+    owner->Show();
+    openByPress();
+    EXPECT_TRUE(list() != nullptr && owner->Close());
+    EXPECT_TRUE(pumpUntil([this] { return !box; }));
+    EXPECT_EQ(list(), nullptr);
 }
 
 } // namespace

@@ -2,9 +2,7 @@
 
 #include "support/WidgetTest.h"
 
-#include <gmock/gmock.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -50,6 +48,7 @@ protected:
             spinner->Destroy();
         }
     }
+    Bucket workArea() { return getMonitorRegionByWindow(spinner, MonitorRegionType::WORK_AREA); }
     wxTextCtrl& text() { return *static_cast<wxTextCtrl*>(child(0)->GetChildren().GetFirst()->GetData()); }
     wxWindow& up() { return *child(1); }
     wxWindow& down() { return *child(2); }
@@ -68,10 +67,10 @@ protected:
         EXPECT_TRUE(pumpUntil([&] { return !spinner || spinner->getValue() != before; }));
     }
     void type(const char* typed) {
+        log.clear();
         spinner->SetFocus();
         input().Text(typed);
         EXPECT_TRUE(pumpUntil([&] { return text().GetValue() == typed; })) << text().GetValue();
-        log.clear();
     }
     bool logEnds(const std::string& last) {
         return pumpUntil([&] { return !log.empty() && log.back() == last; });
@@ -101,28 +100,38 @@ TEST_F(SpinnerTest, TakesWhatIsTypedByEnterByTheFocusAndByAPress) {
     type("1,5");
     pressKey(WXK_RETURN);
     EXPECT_TRUE(logEnds("end"));
-    EXPECT_THAT(log, ElementsAre("start", "1.5", "event", "end"));
+    EXPECT_THAT(log, ElementsAre("focus", "start", "1.5", "event", "end"));
     EXPECT_EQ(text().GetStringSelection(), text().GetValue()) << "all of it is selected";
+    other->SetFocus();
+    EXPECT_TRUE(logEnds("focus lost"));
     for (const char* const unchanged : {"1.500", "letters"}) {
         type(unchanged);
         pressKey(WXK_TAB);
         EXPECT_TRUE(logEnds("focus lost"));
-        EXPECT_THAT(log, ElementsAre("focus lost"));
-        EXPECT_TRUE(pumpUntil([this] { return other->HasFocus(); })) << "the arrows are passed by";
+        EXPECT_THAT(log, ElementsAre("focus", "focus lost"));
+        EXPECT_TRUE(hasFocus(*other)) << "the arrows are passed by";
         EXPECT_EQ(text().GetValue(), "1.50");
     }
     type("50000");
     other->SetFocus();
     EXPECT_TRUE(logEnds("focus lost"));
-    EXPECT_THAT(log, ElementsAre("start", "10000", "event", "end", "focus lost"));
+    EXPECT_THAT(log, ElementsAre("focus", "start", "10000", "event", "end", "focus lost"));
     type("7");
     press(up());
     releaseButton();
-    EXPECT_THAT(log, ElementsAre("start", "7", "event", "end", "start", "8", "event", "end")) << "before the step";
+    EXPECT_THAT(log, ElementsAre("focus", "start", "7", "event", "end", "start", "8", "event", "end"))
+        << "what is typed is set before the step";
     EXPECT_TRUE(text().HasFocus()) << "an arrow takes no focus";
+    type("9");
+    spinner->Enable(false);
+    EXPECT_EQ(spinner->getValue(), 9.0F) << "disabled while typing";
+    spinner->Enable(true);
+    other->SetFocus();
+    EXPECT_TRUE(logEnds("focus lost"));
+    EXPECT_THAT(log, ElementsAre("start", "9", "event", "end", "focus lost"));
     log.clear();
     spinner->setText("mixed");
-    EXPECT_EQ(spinner->getValue(), 8.0F);
+    EXPECT_EQ(spinner->getValue(), 9.0F);
     EXPECT_EQ(text().GetValue(), "mixed");
     spinner->setValue(20'000, false);
     EXPECT_EQ(text().GetValue(), "10000.0");
@@ -170,8 +179,7 @@ TEST_F(SpinnerArrows, DragTheValueAndGiveItBack) {
     for (const bool disabled : {false, true}) {
         log.clear();
         press(up());
-        wxMouseCaptureLostEvent lost(up().GetId());
-        disabled ? spinner->Enable(false) : up().ProcessWindowEvent(lost);
+        disabled ? static_cast<void>(spinner->Enable(false)) : loseCapture(up());
         EXPECT_FALSE(up().HasCapture());
         releaseButton();
         EXPECT_THAT(log, ElementsAre("start", "end")) << "taken away";
@@ -180,7 +188,7 @@ TEST_F(SpinnerArrows, DragTheValueAndGiveItBack) {
 
 TEST_F(SpinnerArrows, DragAcrossTheEndsOfTheScreen) {
     make();
-    const Bucket area = getMonitorRegionByWindow(spinner, MonitorRegionType::WORK_AREA);
+    const Bucket area = workArea();
     for (const int direction : {-1, 1}) {
         spinner->setValue(5000, false);
         press(up());
@@ -200,25 +208,45 @@ TEST_F(SpinnerArrows, DragAcrossTheEndsOfTheScreen) {
 }
 
 TEST_F(SpinnerTest, MayBeDestroyedInAnyOfItsEvents) {
-    const auto click = [this] { press(up()), input().MouseUp(); };
-    const auto enter = [this] { type("3"), pressKey(WXK_RETURN); };
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"start", [this] { press(up()); }},
-        {"value", click},
-        {"end", click},
-        {"value", [this] { repeats = true, press(up()); }},
-        {"value", [this] { press(up()), dragBy(-9); }},
-        {"start", enter},
-        {"end", enter},
-        {"value", [this] { type("3"), other->SetFocus(); }},
-        {"focus", [this] { spinner->SetFocus(); }},
-        {"focus lost", [this] { type("500"), other->SetFocus(); }},
+    using Step = std::function<void()>;
+    const Step nothing = [] {};
+    const Step press = [this] { this->press(up()); };
+    const Step drag = [this] { this->press(up()), dragBy(-5); };
+    const Step release = [this] { input().MouseUp(); };
+    const Step clickRight = [this] { input().MouseClick(wxMOUSE_BTN_RIGHT); };
+    const Step losePress = [this] { loseCapture(up()); };
+    const Step type = [this] { this->type("3"); };
+    const Step leave = [this] { other->SetFocus(); };
+    const Step disable = [this] { spinner->Enable(false); };
+    const std::tuple<const char*, Step, Step> ways[] = {
+        {"start", nothing, press},
+        {"value", press, release},
+        {"end", press, release},
+        {"value", nothing, [&] { repeats = true, press(); }},
+        {"value", press, [this] { dragBy(-9); }},
+        {"value", [&] { drag(), dragBy(workArea().min.y + 3 - wxGetMousePosition().y); },
+         [this] { input().MouseMove(wxGetMousePosition().x, workArea().min.y); }},
+        {"value", [this] { movePointer(up(), middle(up())); }, clickRight},
+        {"value", drag, clickRight},
+        {"end", drag, clickRight},
+        {"end", press, losePress},
+        {"end", drag, losePress},
+        {"end", press, disable},
+        {"value", type, disable},
+        {"start", type, [this] { pressKey(WXK_RETURN); }},
+        {"end", type, [this] { pressKey(WXK_RETURN); }},
+        {"value", type, leave},
+        {"focus", nothing, [this] { spinner->SetFocus(); }},
+        {"focus lost", [this] { this->type("500"); }, leave},
     };
-    for (const auto& [event, act] : ways) {
-        SCOPED_TRACE(event);
+    int row = 0;
+    for (const auto& [event, prepare, act] : ways) {
+        SCOPED_TRACE(std::to_string(++row) + ": " + event);
         panel().DestroyChildren();
+        repeats = false;
         make();
         other->SetFocus();
+        prepare();
         destroyAt = event;
         act();
         EXPECT_TRUE(pumpUntil([this] { return !spinner; }));
