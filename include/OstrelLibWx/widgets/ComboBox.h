@@ -17,8 +17,9 @@ class ComboBoxDropdown;
 ///
 /// A press on the box opens the list directly under it, as wide as the box and at most 17 rows high, with the selected
 /// row in view and highlighted. Where it fits only above the box it opens there; where it fits on neither side, it is
-/// as high as the larger one has room for. Without rows there is nothing to open. The list has the focus. A click on a
-/// row selects it and closes the list. It closes without a choice
+/// as high as the larger one has room for. Without rows there is nothing to open: neither a press nor a key nor `open`
+/// shows an empty list. The list has the focus. A click on a row selects it and closes the list. It closes without a
+/// choice
 /// - on Escape, on a press of the box or anywhere else, and when the focus goes elsewhere;
 /// - when the box is moved, hidden, disabled or destroyed, by itself or with the windows that it is in, and when it is
 ///   given no rows.
@@ -26,8 +27,9 @@ class ComboBoxDropdown;
 /// The selection is changed on the closed box and in the list alike
 /// - by Up, Down, Home and End, which stop at the ends, and by the wheel, in the list from the highlighted row on;
 /// - by typing: the next row that begins with what was typed without a pause, in upper or lower case.
-/// Enter selects the highlighted row and closes the list; Space, F4 and Alt with Up or Down open and close it; Tab goes
-/// on from the box, and closes the list. With Ctrl no key does anything here.
+/// Enter selects the highlighted row and closes the list; Space, F4 and Alt with Up or Down, which then leave the
+/// selection alone, open and close it; Tab goes on from the box, and closes the list. With Ctrl no key does anything
+/// here; with Alt, Home and End do what they do without it, and the others are left to menus and the system.
 ///
 /// A selection by the user, be it of the row that is selected already, by a click, and one that is set with `notify`
 /// are told in this order. Each may destroy the box or give it other rows; what would have followed a destruction is

@@ -208,7 +208,7 @@ bool ComboBox::pressKey(const wxKeyEvent& event) {
         isOpen() ? close() : open();
         return true;
     }
-    return !event.AltDown() && ((isOpen() && pressListKey(event)) || pressEditKey(event));
+    return (isOpen() && !event.AltDown() && pressListKey(event)) || pressEditKey(event);
 }
 
 /// A key that the open list alone knows. False if it is none. The box may be gone on return.
@@ -239,6 +239,8 @@ bool ComboBox::pressEditKey(const wxKeyEvent& event) {
     bool changed = false;
     if (key != std::end(MOVE_KEYS)) {
         changed = _impl->model.move(key->move);
+    } else if (event.AltDown()) {
+        return false; // the menus' and the system's
     } else if (character == L' ' && !_impl->model.isTyping(_impl->sinceTyped.elapsedMs())) {
         isOpen() ? close() : open();
         return true;
