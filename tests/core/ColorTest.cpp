@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <tuple>
 
 using namespace Ostrel;
 using testing::PrintToString;
@@ -18,10 +19,7 @@ Rgb fromBytes(int red, int green, int blue) {
 }
 
 TEST(HsvConversion, HasTheTextbookValues) {
-    struct Case {
-        Rgb rgb;
-        Hsv hsv;
-    };
+    using Case = std::pair<Rgb, Hsv>;
     const Case cases[] = {{{1, 0, 0}, {0, 1, 1}},
                           {{1, 1, 0}, {60, 1, 1}},
                           {{0, 1, 0}, {120, 1, 1}},
@@ -36,15 +34,15 @@ TEST(HsvConversion, HasTheTextbookValues) {
                           {{1, 0, 0.5F}, {330, 1, 1}},
                           {{1, -1, -1}, {0, 2, 1}},
                           {{-1, -2, -2}, {0, -1, -1}}};
-    for (const Case& c : cases) {
-        const Hsv hsv = rgbToHsv(c.rgb);
-        EXPECT_NEAR(hsv.hue, c.hsv.hue, 1e-4F) << PrintToString(c.hsv);
-        EXPECT_NEAR(hsv.saturation, c.hsv.saturation, 1e-6F) << PrintToString(c.hsv);
-        EXPECT_EQ(hsv.value, c.hsv.value);
-        const Rgb back = hsvToRgb(c.hsv);
-        EXPECT_NEAR(back.red, c.rgb.red, 1e-6F) << PrintToString(c.hsv);
-        EXPECT_NEAR(back.green, c.rgb.green, 1e-6F) << PrintToString(c.hsv);
-        EXPECT_NEAR(back.blue, c.rgb.blue, 1e-6F) << PrintToString(c.hsv);
+    for (const auto& [rgb, hsv] : cases) {
+        const Hsv converted = rgbToHsv(rgb);
+        EXPECT_NEAR(converted.hue, hsv.hue, 1e-4F) << PrintToString(hsv);
+        EXPECT_NEAR(converted.saturation, hsv.saturation, 1e-6F) << PrintToString(hsv);
+        EXPECT_EQ(converted.value, hsv.value);
+        const Rgb back = hsvToRgb(hsv);
+        EXPECT_NEAR(back.red, rgb.red, 1e-6F) << PrintToString(hsv);
+        EXPECT_NEAR(back.green, rgb.green, 1e-6F) << PrintToString(hsv);
+        EXPECT_NEAR(back.blue, rgb.blue, 1e-6F) << PrintToString(hsv);
     }
 }
 
@@ -84,9 +82,7 @@ TEST(ColorBytes, AreLimitedAndRoundedToTheNearestTiesToEven) {
 
 /// Chromaticities of the Planckian locus, as published (CIE 15 for illuminant A at 2856 K).
 TEST(BlackbodyColor, LiesOnThePlanckianLocus) {
-    struct Case {
-        float kelvin, x, y;
-    };
+    using Case = std::tuple<float, float, float>;
     for (const auto& [kelvin, x, y] : {Case{2000.0F, 0.52669F, 0.41331F}, Case{2856.0F, 0.44757F, 0.40745F},
                                        Case{6500.0F, 0.31352F, 0.32363F}, Case{10000.0F, 0.28063F, 0.28829F}}) {
         const XYZ color = blackbodyColor(kelvin);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <tuple>
 
 using namespace Ostrel;
 
@@ -18,18 +19,15 @@ using enum CurveInterpolation;
 /// The expected values were found by solving the conditions of a natural cubic spline for all coefficients of all
 /// pieces at once, in exact fractions.
 TEST(CurveSpline, IsTheNaturalCubicSpline) {
-    struct Case {
-        Array<CurvePoint> points;
-        float x, numerator, denominator;
-    };
+    using Case = std::tuple<Array<CurvePoint>, float, float, float>;
     const Array<CurvePoint> even{{-2, 5}, {-1, 1}, {0, 0}, {1, 1}, {2, 4}, {3, -9}};
     const Array<CurvePoint> uneven{{0, 0}, {1, 4}, {3, 0}, {4, 2}, {8, -6}};
     const Case cases[] = {{{{0, 1}, {1, 3}}, 0.5F, 2, 1}, {{{0, 0}, {1, 1}, {2, 0}}, 0.5F, 11, 16},
                           {even, -1.5F, 2265, 836},       {even, 0.5F, -11, 152},
                           {even, 2.5F, -1417, 1672},      {uneven, 0.5F, 3175, 1256},
                           {uneven, 1.5F, 9297, 2512},     {uneven, 6, 178, 157}};
-    for (const Case& c : cases) {
-        EXPECT_FLOAT_EQ(Curve(c.points)(c.x), c.numerator / c.denominator) << c.points.size() << " points at " << c.x;
+    for (const auto& [points, x, numerator, denominator] : cases) {
+        EXPECT_FLOAT_EQ(Curve(points)(x), numerator / denominator) << points.size() << " points at " << x;
     }
 }
 

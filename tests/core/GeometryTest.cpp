@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 using Ostrel::Bucket;
 using Ostrel::Pixel;
@@ -22,20 +23,16 @@ TEST(PixelArithmetic, StopsAtTheEndsOfInt) {
 }
 
 TEST(BucketSize, IsNeverNegativeAndNeverOverflows) {
-    struct Case {
-        Bucket bucket;
-        int width, height;
-        bool isEmpty;
-    };
+    using Case = std::tuple<Bucket, int, int, bool>;
     const Case cases[] = {{{{1, 2}, {4, 6}}, 3, 4, false},
                           {{{5, 5}, {6, 5}}, 1, 0, true},
                           {{{4, 0}, {1, 3}}, 0, 3, true},
                           {{{LOWEST, LOWEST}, {HIGHEST, LOWEST + 1}}, HIGHEST, 1, false},
                           {{{HIGHEST, -1}, {LOWEST, HIGHEST}}, 0, HIGHEST, true}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.bucket.width(), c.width) << PrintToString(c.bucket);
-        EXPECT_EQ(c.bucket.height(), c.height) << PrintToString(c.bucket);
-        EXPECT_EQ(c.bucket.isEmpty(), c.isEmpty) << PrintToString(c.bucket);
+    for (const auto& [bucket, width, height, isEmpty] : cases) {
+        EXPECT_EQ(bucket.width(), width) << PrintToString(bucket);
+        EXPECT_EQ(bucket.height(), height) << PrintToString(bucket);
+        EXPECT_EQ(bucket.isEmpty(), isEmpty) << PrintToString(bucket);
     }
 }
 

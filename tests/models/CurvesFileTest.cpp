@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <limits>
 #include <random>
+#include <tuple>
 
 using namespace Ostrel;
 
@@ -50,11 +51,8 @@ protected:
 };
 
 TEST_F(CurvesFile, ExtendsEachRecordFlatToBothEndsAndSortsIt) {
-    const struct {
-        Numbers record; // output and input in turns
-        Points points;
-        const char* what;
-    } cases[] = {
+    // The record has output and input in turns.
+    const std::tuple<Numbers, Points, const char*> cases[] = {
         {{10, 20, 150, 200},
          {{0, 10 * STEP}, {20 * STEP, 10 * STEP}, {200 * STEP, 150 * STEP}, {1, 150 * STEP}},
          "both"},
@@ -87,11 +85,8 @@ TEST_F(CurvesFile, LoadsFewerAndMoreRecordsAndRefusesTheRestAsAWhole) {
         file.insert(file.end(), rest.begin(), rest.end());
         return toBytes(file);
     };
-    const struct {
-        std::vector<unsigned char> bytes;
-        const char* error; // or that it loads
-        const char* what;
-    } cases[] = {
+    // The error, or that it loads.
+    const std::tuple<std::vector<unsigned char>, const char*, const char*> cases[] = {
         {withRecords(60, 4, {65535}), LOADS, "of the fifth, the count alone is there and read"},
         {withRecords(5, 4), ENDS_EARLY, "of the fifth, not even the count is there"},
         {withRecords(4, 3, {0}), LOADS, "a record without points"},
@@ -117,11 +112,9 @@ TEST_F(CurvesFile, LoadsFewerAndMoreRecordsAndRefusesTheRestAsAWhole) {
 
 TEST_F(CurvesFile, WritesTruncatedStepsThatWrapIn16Bits) {
     constexpr float INFINITE = std::numeric_limits<float>::infinity();
-    const struct {
-        float value;
-        unsigned written;
-    } cases[] = {{1.2F, 306},      {0.9999F, 254},          {-0.003F, 0},  {-0.004F, 0xFFFF}, {-1.0F, 0xFF01},
-                 {257.0F, 0xFFFF}, {258.0F, 65790 - 65536}, {INFINITE, 0}, {-INFINITE, 0},    {std::nanf(""), 0}};
+    const std::pair<float, unsigned> cases[] = {
+        {1.2F, 306},      {0.9999F, 254},          {-0.003F, 0},  {-0.004F, 0xFFFF}, {-1.0F, 0xFF01},
+        {257.0F, 0xFFFF}, {258.0F, 65790 - 65536}, {INFINITE, 0}, {-INFINITE, 0},    {std::nanf(""), 0}};
     ColorCurve curves;
     Points points;
     Numbers expected{4, 4, 2, 0, 0, 255, 255, static_cast<unsigned>(std::size(cases))};

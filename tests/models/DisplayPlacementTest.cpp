@@ -1,6 +1,7 @@
 #include "models/DisplayPlacement.h"
 
 #include <limits>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -17,12 +18,7 @@ TEST(NearestDisplay, IsTheOneWithTheLeastDistanceToItsArea) {
     // An upper left, an upper right and a lower one, with a gap of 100 between the upper ones.
     const Array<Bucket> gap{{{-800, -600}, {0, 0}}, {{100, -600}, {900, 0}}, {{0, 200}, {800, 800}}};
     const Array<Bucket> overlap{{{0, 0}, {100, 100}}, {{50, 50}, {200, 200}}};
-    const struct {
-        const char* name;
-        Array<Bucket> displays;
-        Pixel position;
-        int nearest;
-    } cases[] = {
+    const std::tuple<const char*, Array<Bucket>, Pixel, int> cases[] = {
         {"no display", {}, {5, 5}, Detail::NO_DISPLAY},
         {"inside the first", pair, {1919, 1079}, 0},
         {"below the second, beside the first: 26 down against 1 across", pair, {1920, 1050}, 0},
@@ -37,19 +33,15 @@ TEST(NearestDisplay, IsTheOneWithTheLeastDistanceToItsArea) {
         {"in single precision", {{{BIG + 1, 0}, {BIG + 9, 10}}, {{BIG, 0}, {BIG + 9, 10}}}, {0, 0}, 0},
         {"the ends of the number range", {{{0, 0}, {10, 10}}, {{20, 0}, {30, 10}}}, {LARGEST, SMALLEST}, 0},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Detail::findNearestDisplay(c.displays, c.position), c.nearest) << c.name;
+    for (const auto& [name, displays, position, nearest] : cases) {
+        EXPECT_EQ(Detail::findNearestDisplay(displays, position), nearest) << name;
     }
 }
 
 TEST(Placement, StaysInTheWorkArea) {
     const Bucket screen{{0, 0}, {1920, 1040}};
     const Bucket left{{-1280, 40}, {0, 1024}};
-    const struct {
-        const char* name;
-        Bucket workArea;
-        Pixel size, wanted, expected;
-    } cases[] = {
+    const std::tuple<const char*, Bucket, Pixel, Pixel, Pixel> cases[] = {
         {"moved back from the lower right", screen, {300, 200}, {1900, 1000}, {1620, 840}},
         {"moved in from the upper left", left, {300, 200}, {-1300, 0}, {-1280, 40}},
         {"one pixel beyond it", left, {300, 200}, {-299, 825}, {-300, 824}},
@@ -58,9 +50,9 @@ TEST(Placement, StaysInTheWorkArea) {
         {"absurdly large", left, {LARGEST, LARGEST}, {SMALLEST, LARGEST}, {-1280, 40}},
         {"no work area at all", {}, {10, 10}, {5, 5}, {0, 0}},
     };
-    for (const auto& c : cases) {
-        const Pixel place = Detail::placeInWorkArea(c.workArea, c.size, c.wanted);
-        EXPECT_EQ(place, c.expected) << c.name << ": (" << place.x << ", " << place.y << ")";
+    for (const auto& [name, workArea, size, wanted, expected] : cases) {
+        const Pixel place = Detail::placeInWorkArea(workArea, size, wanted);
+        EXPECT_EQ(place, expected) << name << ": (" << place.x << ", " << place.y << ")";
     }
 }
 

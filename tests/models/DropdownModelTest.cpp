@@ -2,17 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace Ostrel::Wx {
 namespace {
 
 TEST(DropdownPlace, IsUnderTheButtonOrElseWhereThereIsRoom) {
     constexpr Bucket WORK_AREA{{100, 50}, {1000, 800}};
-    struct Case {
-        const char* name;
-        Bucket button;
-        Pixel size;
-        Pixel expected;
-    };
+    using Case = std::tuple<const char*, Bucket, Pixel, Pixel>;
     const Case cases[] = {
         {"below", {{200, 300}, {280, 324}}, {150, 28}, {200, 324}},
         {"below, to the last pixel", {{200, 748}, {280, 772}}, {150, 28}, {200, 772}},
@@ -22,8 +19,8 @@ TEST(DropdownPlace, IsUnderTheButtonOrElseWhereThereIsRoom) {
         {"wider than the work area", {{200, 300}, {280, 324}}, {950, 28}, {100, 324}},
         {"no room above either", {{200, 60}, {280, 790}}, {150, 28}, {200, 772}},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(placeDropdown(c.button, c.size, WORK_AREA), c.expected) << c.name;
+    for (const auto& [name, button, size, expected] : cases) {
+        EXPECT_EQ(placeDropdown(button, size, WORK_AREA), expected) << name;
     }
 }
 

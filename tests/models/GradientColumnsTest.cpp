@@ -4,14 +4,13 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace Ostrel::Wx {
 
 TEST(GradientColumns, HaveTheMarginTakenOffTwiceAndTakeAnyColour) {
-    const struct {
-        int column, width;
-        float value;
-    } cases[] = {{5, 101, 0}, {6, 101, 0}, {7, 101, 0.01F}, {100, 101, 0.94F}, {6, 7, 0}, {0, 1, 0}, {9, 4, 1}};
+    const std::tuple<int, int, float> cases[] = {{5, 101, 0}, {6, 101, 0}, {7, 101, 0.01F}, {100, 101, 0.94F},
+                                                 {6, 7, 0},   {0, 1, 0},   {9, 4, 1}};
     for (const auto& [column, width, value] : cases) {
         EXPECT_FLOAT_EQ(computeColumnValue(column, 6, width), value) << column << " of " << width;
     }

@@ -36,13 +36,10 @@ std::vector<float> positionsOf(const GradientEditing& editing) {
 }
 
 TEST(GradientTrack, PutsHandlesBetweenItsMarginsAndTruncates) {
-    struct {
-        float position, min, max;
-        int x;
-    } const cases[] = {{0.0F, 0.0F, 1.0F, 6},     {1.0F, 0.0F, 1.0F, 106},    {0.999F, 0.0F, 1.0F, 105},
-                       {-3.0F, 0.0F, 1.0F, 6},    {ENDLESS, 0.0F, 1.0F, 106}, {NAN_VALUE, 0.0F, 1.0F, 6},
-                       {50.0F, 0.0F, 100.0F, 56}, {0.25F, 1.0F, 0.0F, 81},    {0.5F, 0.5F, 0.5F, 6},
-                       {0.5F, -ENDLESS, 1.0F, 6}, {0.5F, NAN_VALUE, 1.0F, 6}};
+    const std::tuple<float, float, float, int> cases[] = {
+        {0.0F, 0.0F, 1.0F, 6},      {1.0F, 0.0F, 1.0F, 106},    {0.999F, 0.0F, 1.0F, 105}, {-3.0F, 0.0F, 1.0F, 6},
+        {ENDLESS, 0.0F, 1.0F, 106}, {NAN_VALUE, 0.0F, 1.0F, 6}, {50.0F, 0.0F, 100.0F, 56}, {0.25F, 1.0F, 0.0F, 81},
+        {0.5F, 0.5F, 0.5F, 6},      {0.5F, -ENDLESS, 1.0F, 6},  {0.5F, NAN_VALUE, 1.0F, 6}};
     for (const auto& [position, min, max, x] : cases) {
         EXPECT_EQ((GradientTrack{{112, 40}, 5, min, max}.toPixel(position)), (Pixel{x, 34}))
             << position << " of " << min << " to " << max;
@@ -50,10 +47,7 @@ TEST(GradientTrack, PutsHandlesBetweenItsMarginsAndTruncates) {
 }
 
 TEST(GradientTrack, TakesPositionsFromAStripOnePixelShorterAndLimitsThemToOne) {
-    struct {
-        int width, x;
-        float min, max, position;
-    } const cases[] = {
+    const std::tuple<int, int, float, float, float> cases[] = {
         {112, 6, 0.0F, 1.0F, 0.0F},    {112, 105, 0.0F, 1.0F, 1.0F},    {112, 39, 0.0F, 1.0F, 33.0F / 99.0F},
         {112, -80, 0.0F, 1.0F, 0.0F},  {112, 900, 0.0F, 1.0F, 1.0F},    {112, 56, 0.0F, 100.0F, 1.0F},
         {112, 6, 0.25F, 0.75F, 0.25F}, {112, 105, 0.25F, 0.75F, 0.75F}, {13, 6, 0.0F, 1.0F, 0.0F},

@@ -12,11 +12,7 @@ constexpr int OUTSIDE_CLOSE = 15999, FRAME_CLOSE = 16000, FRAME_ICON = 16001, OK
               NO = 16005;
 
 TEST(MessageDialogControls, DecideTheWindowStyle) {
-    struct Case {
-        Ids ids;
-        bool hasTitle;
-        long style;
-    };
+    using Case = std::tuple<Ids, bool, long>;
     const Case cases[] = {
         {{OK, FRAME_CLOSE, FRAME_ICON}, true, 0x20001800},
         {{FRAME_ICON, YES, NO}, true, 0x20000800},
@@ -27,8 +23,8 @@ TEST(MessageDialogControls, DecideTheWindowStyle) {
         {{FRAME_CLOSE}, false, 0x20001000},
         {{FRAME_ICON}, false, 0x20000800},
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(computeMessageDialogStyle(test.ids, test.hasTitle), test.style) << testing::PrintToString(test.ids);
+    for (const auto& [ids, hasTitle, style] : cases) {
+        EXPECT_EQ(computeMessageDialogStyle(ids, hasTitle), style) << testing::PrintToString(ids);
     }
     EXPECT_TRUE(needsFrameClose(Ids{OK, CANCEL}));
     EXPECT_FALSE(needsFrameClose(Ids{FRAME_CLOSE, CANCEL}));

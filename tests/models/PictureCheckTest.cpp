@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 using namespace Ostrel;
 
@@ -36,11 +37,7 @@ struct Bitmap {
 
 TEST(PictureCheck, RefusesBitmapsAndIconsThatReachBeyondTheirTables) {
     const Bytes black(8, 0);
-    const struct {
-        Bitmap bitmap;
-        bool safe;
-        const char* what;
-    } cases[] = {
+    const std::tuple<Bitmap, bool, const char*> cases[] = {
         {{40, 8, 0, 0, black}, true, "a table of the usual size"},
         {{40, 8, 1, 0, black}, false, "run lengths of bytes"},
         {{40, 4, 2, 0, Bytes(4)}, false, "run lengths of half bytes"},
@@ -96,11 +93,7 @@ Bytes tgaWith(unsigned char type, unsigned char bits, const Bytes& pixels) {
 }
 
 TEST(PictureCheck, FollowsTheRunsAndIndicesOfATga) {
-    const struct {
-        Bytes data;
-        bool safe;
-        const char* what;
-    } cases[] = {
+    const std::tuple<Bytes, bool, const char*> cases[] = {
         {tgaWith(2, 24, Bytes(6)), true, "plain"},
         {tgaWith(2, 24, Bytes(5)), false, "plain and cut off"},
         {tgaWith(10, 24, {0x81, 1, 2, 3}), true, "one run of two"},

@@ -162,11 +162,7 @@ TEST(Dib, HasItsHeaderAndRowsPaddedToFourBytes) {
 
 TEST(Dib, SpoilsOnlyWhatIsAllGreyAndOnlyWhenAsked) {
     const RgbBytes grey{128, 128, 128};
-    const struct {
-        const char* name;
-        BitmapImpl<Rgb> image;
-        int plainBlue, spoiltBlue;
-    } cases[] = {
+    const std::tuple<const char*, BitmapImpl<Rgb>, int, int> cases[] = {
         {"one grey pixel", makeImage(1, 1, {grey}), 128, 127},
         {"black", makeImage(1, 1, {{0, 0, 0}}), 0, 1},
         {"almost black", makeImage(1, 1, {{1, 1, 1}}), 1, 0},
@@ -176,14 +172,14 @@ TEST(Dib, SpoilsOnlyWhatIsAllGreyAndOnlyWhenAsked) {
         {"grey once it is bytes", BitmapImpl<Rgb>(1, 1, {0.5F, 0.5001F, 0.5002F, 0}), 128, 127},
         {"grey beyond the limits", BitmapImpl<Rgb>(1, 1, {-1.0F, -2.0F, 0.0F, 1}), 0, 1},
     };
-    for (const auto& c : cases) {
+    for (const auto& [name, image, plainBlue, spoiltBlue] : cases) {
         for (const bool spoil : {false, true}) {
-            Bytes block(getDibSize(c.image.getWidth(), c.image.getHeight()));
+            Bytes block(getDibSize(image.getWidth(), image.getHeight()));
             Bytes plain = block;
-            writeDib(c.image, false, plain);
-            writeDib(c.image, spoil, block);
-            plain[DIB_HEADER_SIZE] = static_cast<unsigned char>(spoil ? c.spoiltBlue : c.plainBlue);
-            EXPECT_EQ(block, plain) << c.name;
+            writeDib(image, false, plain);
+            writeDib(image, spoil, block);
+            plain[DIB_HEADER_SIZE] = static_cast<unsigned char>(spoil ? spoiltBlue : plainBlue);
+            EXPECT_EQ(block, plain) << name;
         }
     }
 }

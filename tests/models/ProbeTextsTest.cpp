@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace Ostrel::Wx {
 namespace {
@@ -19,12 +20,9 @@ TEST(ProbeTexts, AreLinesOfFiveDecimals) {
 }
 
 TEST(ProbeTexts, RoundColoursToTheEvenIntegerAndAlphaUp) {
-    const struct {
-        float channel, alpha;
-        const char* text;
-    } cases[] = {{0.5F, 0.5F, "128\nA: 128"},       {0.5F / 255.0F, 0.5F / 255.0F, "0\nA: 1"},
-                 {1.7F, 1.7F, "255\nA: 255"},       {-0.2F, -0.2F, "0\nA: 0"},
-                 {ENDLESS, ENDLESS, "255\nA: 255"}, {NAN_VALUE, NAN_VALUE, "0\nA: 0"}};
+    const std::tuple<float, float, const char*> cases[] = {
+        {0.5F, 0.5F, "128\nA: 128"}, {0.5F / 255.0F, 0.5F / 255.0F, "0\nA: 1"}, {1.7F, 1.7F, "255\nA: 255"},
+        {-0.2F, -0.2F, "0\nA: 0"},   {ENDLESS, ENDLESS, "255\nA: 255"},         {NAN_VALUE, NAN_VALUE, "0\nA: 0"}};
     for (const auto& [channel, alpha, text] : cases) {
         EXPECT_EQ(formatProbedBytes({0.0F, 1.0F, channel}, alpha),
                   std::string("Tonemapped\nsRGB 8-bit:\nR: 0\nG: 255\nB: ") + text);

@@ -38,10 +38,7 @@ TEST(TaskbarProgress, SendsWhatChangesTheDisplayInThousandths) {
     using Steps = std::vector<float>;
     constexpr float BUSY = -0.0025F;
     constexpr float ENDLESS = std::numeric_limits<float>::infinity();
-    const struct {
-        Steps fractions;
-        std::vector<std::string> sent;
-    } cases[] = {
+    const std::pair<Steps, std::vector<std::string>> cases[] = {
         {{0.5F, 0.5F, 0.5004F}, {"state 2", "500 of 1000"}},
         {{1.0F, 2.0F}, {"state 2", "1000 of 1000", "state 2", "2000 of 1000"}},
         {{-0.0015F}, {}}, // it is idle already

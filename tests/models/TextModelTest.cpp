@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace Ostrel::Wx {
 namespace {
 
 TEST(TextDrag, CountsTheNearestPixelInside) {
-    struct Case {
-        Pixel mouse, size, expected;
-    };
+    using Case = std::tuple<Pixel, Pixel, Pixel>;
     const Case cases[] = {
         {{50, 20}, {200, 100}, {50, 20}},   {{0, 0}, {200, 100}, {0, 0}},
         {{-7, -9}, {200, 100}, {0, 0}},     {{50, -9}, {200, 100}, {50, 0}},
@@ -17,18 +17,14 @@ TEST(TextDrag, CountsTheNearestPixelInside) {
         {{9999, -1}, {200, 100}, {199, 0}}, {{5, 5}, {1, 1}, {0, 0}},
         {{5, 5}, {0, 0}, {0, 0}},           {{-5, 5}, {0, 3}, {0, 2}},
     };
-    for (const Case& c : cases) {
-        const Pixel result = clampDragPoint(c.mouse, c.size);
-        EXPECT_TRUE(result == c.expected) << c.mouse.x << ", " << c.mouse.y << " in " << c.size.x << " x " << c.size.y;
+    for (const auto& [mouse, size, expected] : cases) {
+        const Pixel result = clampDragPoint(mouse, size);
+        EXPECT_TRUE(result == expected) << mouse.x << ", " << mouse.y << " in " << size.x << " x " << size.y;
     }
 }
 
 TEST(TextFollowing, NeedsAnUntouchedCaret) {
-    struct Case {
-        bool hasFocus;
-        TextRange selection;
-        bool follows;
-    };
+    using Case = std::tuple<bool, TextRange, bool>;
     for (const auto& [hasFocus, selection, follows] :
          {Case{false, {20, 20}, true}, Case{false, {3, 3}, true}, Case{false, {0, 0}, true}, Case{false, {3, 5}, false},
           Case{true, {20, 20}, true}, Case{true, {3, 3}, false}, Case{true, {3, 5}, false},

@@ -6,10 +6,7 @@ namespace Ostrel::Wx {
 namespace {
 
 TEST(TooltipLines, BreakAtLineFeedsAndAtTheLastSpaceThatFits) {
-    struct Case {
-        const char* text;
-        Array<String> lines;
-    };
+    using Case = std::pair<const char*, Array<String>>;
     const Case cases[] = {
         {"", {}},
         {"aaaa bbbb cc", {"aaaa bbbb cc"}}, // the last word is not measured
@@ -22,8 +19,8 @@ TEST(TooltipLines, BreakAtLineFeedsAndAtTheLastSpaceThatFits) {
         {"aaaaaaaaaa  b", {"aaaaaaaaaa", " b"}},              // of two spaces one is dropped
     };
     const auto countCharacters = [](const String& text) { return static_cast<int>(text.size()); };
-    for (const Case& c : cases) {
-        EXPECT_EQ(breakTooltipLines(c.text, 10, countCharacters), c.lines) << '"' << c.text << '"';
+    for (const auto& [text, lines] : cases) {
+        EXPECT_EQ(breakTooltipLines(text, 10, countCharacters), lines) << '"' << text << '"';
     }
 }
 

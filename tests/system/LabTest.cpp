@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 using namespace Ostrel;
 using namespace Ostrel::Gallery;
@@ -29,20 +30,17 @@ TEST(LabTones, AreTheCurvesOneAfterTheOther) {
     const Curve wide({{-0.5F, 0.1F}, {1.5F, 0.4F}, {7.5F, 0.9F}});
     const Curve straight({{0.25F, 1}, {0.75F, 0}}, CurveInterpolation::LINEAR);
     const Curve step({{0, 0}, {0.5F, 0.25F}, {0.5F, 0.75F}, {1, 1}});
-    const struct {
-        Curve own, master;
-        float tolerance;
-        const char* what;
-    } cases[] = {{contrast, Curve(), BYTE / 1000, "own alone"},
-                 {Curve(), contrast, BYTE / 1000, "Master alone"},
-                 {straight, contrast, BYTE / 100, "own, then Master"},
-                 {contrast, straight, BYTE / 100, "in this order"},
-                 {steep, Curve(), BYTE / 8, "points 0.01 apart"},
-                 {wide, Curve(), BYTE / 1000, "beyond the unit"},
-                 {high, Curve(), BYTE / 100, "a point far away"},
-                 {step, Curve(), 0.5F, "a step"},
-                 {Curve(Array<CurvePoint>()), contrast, BYTE / 1000, "no point"},
-                 {Curve(), wide, BYTE / 1000, "an identity lets values above 1 through to Master"}};
+    const std::tuple<Curve, Curve, float, const char*> cases[] = {
+        {contrast, Curve(), BYTE / 1000, "own alone"},
+        {Curve(), contrast, BYTE / 1000, "Master alone"},
+        {straight, contrast, BYTE / 100, "own, then Master"},
+        {contrast, straight, BYTE / 100, "in this order"},
+        {steep, Curve(), BYTE / 8, "points 0.01 apart"},
+        {wide, Curve(), BYTE / 1000, "beyond the unit"},
+        {high, Curve(), BYTE / 100, "a point far away"},
+        {step, Curve(), 0.5F, "a step"},
+        {Curve(Array<CurvePoint>()), contrast, BYTE / 1000, "no point"},
+        {Curve(), wide, BYTE / 1000, "an identity lets values above 1 through to Master"}};
     for (const auto& [own, master, tolerance, what] : cases) {
         const ToneTables tones({{master, Curve(), own, Curve()}}, PictureValues::STORED);
         const ToneTables light({{master, Curve(), own, Curve()}}, PictureValues::LIGHT);

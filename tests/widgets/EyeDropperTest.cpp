@@ -45,10 +45,8 @@ protected:
 };
 
 TEST_F(EyeDropperTest, PicksTheMeanOfASquareAroundThePointer) {
-    struct Case {
-        int radius, x;
-        float blue; ///< the share of the square's columns that are
-    };
+    // The last is the share of the square's columns that are blue.
+    using Case = std::tuple<int, int, float>;
     for (const auto& [radius, x, blue] :
          {Case{0, 39, 0}, {0, 40, 1}, {1, 39, 1.0F / 3}, {15, 40, 16.0F / 31}, {15, 24, 0}, {15, 25, 1.0F / 31}}) {
         button->averagingRadius = radius;

@@ -77,7 +77,12 @@ protected:
     /// Runs a dialog modally, takes the steps, and returns its result.
     int run(const Controls& controls, std::vector<Step> steps) {
         const ModalDriver driver(std::move(steps));
-        return Detail::showMessageDialogImpl(owner(), "Title", "Message", MessageDialogIcon::QUESTION, controls);
+        const std::size_t windows = wxTopLevelWindows.size();
+        const int result =
+            Detail::showMessageDialogImpl(owner(), "Title", "Message", MessageDialogIcon::QUESTION, controls);
+        EXPECT_EQ(wxTopLevelWindows.size(), windows) << "something is left behind";
+        EXPECT_TRUE(frame().IsEnabled());
+        return result;
     }
     bool runHelper(bool (*show)(WindowHandle, const String&, const String&, MessageDialogIcon), Step step) {
         const ModalDriver driver({std::move(step)});
@@ -109,11 +114,7 @@ TEST_F(MessageDialogEnd, ComesByTheKeysOfTheControls) {
     const auto& yes = MessageDialogButton::YES;
     const auto& no = MessageDialogButton::NO;
     const MessageDialogControl late({'Y', WXK_F5});
-    struct Case {
-        Controls controls;
-        std::vector<int> keys;
-        int result;
-    };
+    using Case = std::tuple<Controls, std::vector<int>, int>;
     const Case cases[] = {
         {{&ok}, {WXK_RETURN}, 16002},
         {{&ok, &cancel}, {WXK_ESCAPE}, 16000},
@@ -124,8 +125,8 @@ TEST_F(MessageDialogEnd, ComesByTheKeysOfTheControls) {
         {{&late}, {WXK_F5}, late.id},
         {{&ok, &cancel}, {WXK_RETURN, WXK_ESCAPE, WXK_ESCAPE}, 16002}, // the first one counts
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(run(test.controls, {press(test.keys)}), test.result) << testing::PrintToString(test.keys);
+    for (const auto& [controls, keys, result] : cases) {
+        EXPECT_EQ(run(controls, {press(keys)}), result) << testing::PrintToString(keys);
         EXPECT_TRUE(pumpUntil([this] { return frame().IsActive(); })) << "the owner is not active again";
     }
     // A key that arrives as an event is told from Return by its code alone.
@@ -164,27 +165,8 @@ TEST_F(MessageDialogEnd, IsTheAnswerOfTheHelpers) {
     EXPECT_FALSE(runHelper(showYesNoDialog, close()));
 }
 
-TEST_F(MessageDialogEnd, LeavesNothingBehindAHundredTimes) {
-    const std::size_t before = wxTopLevelWindows.size();
-    for (int i = 0; i < 100; ++i) {
-        // Whether a window manager has made it active already does not matter here.
-        const ModalDriver driver({[] {
-            auto* const dialog = dynamic_cast<MessageDialog*>(wxTopLevelWindows.back());
-            return dialog != nullptr && dialog->IsShown() && dialog->Close();
-        }});
-        ASSERT_FALSE(showYesNoDialog(owner(), "Again", "And again", MessageDialogIcon(i % 6)));
-        ASSERT_EQ(wxTopLevelWindows.size(), before);
-        ASSERT_TRUE(frame().IsEnabled());
-    }
-}
-
 TEST_F(MessageDialogLayout, FollowsTheControls) {
-    struct Case {
-        Controls controls;
-        const char* title;
-        long style;
-        std::vector<wxString> labels;
-    };
+    using Case = std::tuple<Controls, const char*, long, std::vector<wxString>>;
     const auto& close = MessageDialogControl::FRAME_CLOSE;
     const auto& icon = MessageDialogControl::FRAME_ICON;
     const auto& ok = MessageDialogButton::OK;
@@ -197,12 +179,12 @@ TEST_F(MessageDialogLayout, FollowsTheControls) {
         {{&close}, "T", 0x20001000, {}},
     };
     constexpr long MASK = wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX;
-    for (const Case& test : cases) {
-        const MessageDialog dialog(owner(), test.title, "Message", MessageDialogIcon::ERROR_ICON, test.controls);
-        SCOPED_TRACE(wxString::Format("%lx", test.style));
-        EXPECT_EQ(dialog.GetWindowStyle() & MASK, test.style);
-        EXPECT_EQ(dialog.GetTitle(), test.title);
-        EXPECT_EQ(!dialog.GetIcons().IsEmpty(), std::ranges::find(test.controls, &icon) != test.controls.end());
+    for (const auto& [controls, title, style, expected] : cases) {
+        const MessageDialog dialog(owner(), title, "Message", MessageDialogIcon::ERROR_ICON, controls);
+        SCOPED_TRACE(wxString::Format("%lx", style));
+        EXPECT_EQ(dialog.GetWindowStyle() & MASK, style);
+        EXPECT_EQ(dialog.GetTitle(), title);
+        EXPECT_EQ(!dialog.GetIcons().IsEmpty(), std::ranges::find(controls, &icon) != controls.end());
         std::vector<wxString> labels;
         int right = 0;
         for (const AutoSizedButton* const button : findChildren<AutoSizedButton>(dialog)) {
@@ -210,7 +192,7 @@ TEST_F(MessageDialogLayout, FollowsTheControls) {
             EXPECT_TRUE(right == 0 || button->GetRect().x == right) << "a gap between buttons";
             right = button->GetRect().x + button->GetRect().width;
         }
-        EXPECT_EQ(labels, test.labels);
+        EXPECT_EQ(labels, expected);
         const int border = wxSizerFlags::GetDefaultBorder();
         EXPECT_TRUE(right == 0 || right == dialog.GetClientSize().x - border) << "not flush right";
     }
@@ -367,13 +349,8 @@ TEST_F(MessageDialogOffTheMainThread, IsTheToolkitsOwn) {
     const auto& cancel = MessageDialogButton::CANCEL;
     const auto& yes = MessageDialogButton::YES;
     const auto& no = MessageDialogButton::NO;
-    struct Case {
-        Controls controls;
-        int icon;
-        int answer;
-        long style;
-        int result; ///< or the stop exception's line, negative
-    };
+    // The last is the result, or the stop exception's line, negative.
+    using Case = std::tuple<Controls, int, int, long, int>;
     const Case cases[] = {
         {{&ok}, 1, wxID_OK, wxOK | wxICON_ERROR, 16002},
         {{&ok, &cancel}, 2, wxID_CANCEL, wxOK | wxCANCEL | wxICON_WARNING, 16003},
@@ -382,15 +359,14 @@ TEST_F(MessageDialogOffTheMainThread, IsTheToolkitsOwn) {
         {{&ok}, 0, wxID_HELP, wxOK | wxICON_NONE, -367},
         {{&ok}, 5, wxID_OK, 0, -332},
     };
-    for (const Case& test : cases) {
+    for (const auto& [controls, icon, answer, style, expected] : cases) {
         for (const WindowHandle parent : {owner(), WindowHandle()}) {
-            BoxAnswer box(test.answer);
+            BoxAnswer box(answer);
             std::thread::id caller;
-            std::future<int> result = std::async(std::launch::async, [&] {
+            std::future<int> result = std::async(std::launch::async, [&, &controls = controls, icon = icon] {
                 caller = std::this_thread::get_id();
                 try {
-                    return Detail::showMessageDialogImpl(parent, "Title", "a\tb", MessageDialogIcon(test.icon),
-                                                         test.controls);
+                    return Detail::showMessageDialogImpl(parent, "Title", "a\tb", MessageDialogIcon(icon), controls);
                 } catch (const Detail::StopException& stop) {
                     EXPECT_EQ(stop.getPath(), "MessageDialog");
                     return -stop.getLine();
@@ -398,9 +374,9 @@ TEST_F(MessageDialogOffTheMainThread, IsTheToolkitsOwn) {
             });
             ASSERT_TRUE(
                 pumpUntil([&result] { return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-            EXPECT_EQ(result.get(), test.result);
-            if (test.style != 0) {
-                EXPECT_EQ(box.style, test.style | wxSTAY_ON_TOP | wxCENTRE);
+            EXPECT_EQ(result.get(), expected);
+            if (style != 0) {
+                EXPECT_EQ(box.style, style | wxSTAY_ON_TOP | wxCENTRE);
                 EXPECT_EQ(box.message, "a    b");
                 EXPECT_EQ(box.caption, "Title");
                 EXPECT_EQ(box.hasParent, !parent.isNull());
