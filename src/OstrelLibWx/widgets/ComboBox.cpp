@@ -295,9 +295,7 @@ void ComboBox::toggle() {
 
 void ComboBox::followSelection() {
     if (isOpen()) {
-        _impl->model.highlight(_impl->model.getSelected());
-        _impl->dropdown->showSelected();
-        _impl->dropdown->refreshRows();
+        _impl->dropdown->followSelection();
     }
 }
 

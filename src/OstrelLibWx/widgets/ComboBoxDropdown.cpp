@@ -53,6 +53,13 @@ public:
 
     [[nodiscard]] int getScrollPosition() const { return GetViewStart().y; }
 
+    void refreshRow(Optional<int> index) {
+        if (index) {
+            const Bucket row = getRow(*index);
+            RefreshRect(wxRect(row.min.x, row.min.y, row.width(), row.height()));
+        }
+    }
+
 private:
     /// From the top of the rows to the top of what is seen.
     [[nodiscard]] int getHiddenHeight() const { return getScrollPosition() * _list._rows.getScrollUnit(); }
@@ -65,13 +72,6 @@ private:
     [[nodiscard]] Bucket getRow(int index) const {
         const int top = _list._rows.getTop(index) - getHiddenHeight();
         return {{0, top}, {GetClientSize().x, top + _list._rows.getRowHeight()}};
-    }
-
-    void refreshRow(Optional<int> index) {
-        if (index) {
-            const Bucket row = getRow(*index);
-            RefreshRect(wxRect(row.min.x, row.min.y, row.width(), row.height()));
-        }
     }
 
     void onPaint(wxPaintEvent&) {
@@ -216,8 +216,17 @@ void ComboBoxDropdown::showSelected() {
     }
 }
 
-void ComboBoxDropdown::refreshRows() {
-    _canvas->Refresh();
+void ComboBoxDropdown::followSelection() {
+    const Optional<int> before = _model.getHighlighted();
+    const int scrollPosition = _canvas->getScrollPosition();
+    _model.highlight(_model.getSelected());
+    showSelected();
+    if (_canvas->getScrollPosition() != scrollPosition) {
+        _canvas->Refresh();
+    } else {
+        _canvas->refreshRow(before);
+        _canvas->refreshRow(_model.getHighlighted());
+    }
 }
 
 void ComboBoxDropdown::applySkin(const GuiSkin& skin) {

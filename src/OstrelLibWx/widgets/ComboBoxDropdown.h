@@ -29,7 +29,9 @@ public:
 
     /// Scrolls the selected row into view.
     void showSelected();
-    void refreshRows();
+
+    /// Highlights the selected row alone, and scrolls it into view.
+    void followSelection();
 
     void applySkin(const GuiSkin& skin);
 
