@@ -2,8 +2,6 @@
 // loop over the pixels. Each line shows the medians of the ratios: "of_copy" is the copy's time over the conversion's
 // (1: as fast as memory), "of_loop" how many times as fast as the loop it is.
 
-#include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -18,6 +16,7 @@
 #include <OstrelLibWx/BitmapUtils.h>
 
 #include "LibraryUp.h"
+#include "Turns.h"
 #include "models/PixelConversion.h"
 #include "models/PixelKernels.h"
 #include "support/ScreenPicture.h"
@@ -35,23 +34,6 @@ struct Size {
     }
 };
 constexpr Size SIZES[] = {{256, 256}, {1920, 1080}, {3840, 2160}};
-
-double median(std::vector<double> values) {
-    if (values.empty()) {
-        return 0.0;
-    }
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-template <class Action>
-double measureSeconds(const Action& action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    benchmark::ClobberMemory();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 /// Runs the three in turns; the benchmark's own time is the conversion's.
 template <class Conversion, class Copy, class Loop>
