@@ -233,14 +233,13 @@ bool ComboBox::pressListKey(const wxKeyEvent& event) {
 /// A key that may change the selection. False if it is none. The box may be gone on return.
 bool ComboBox::pressEditKey(const wxKeyEvent& event) {
     const int keyCode = event.GetKeyCode();
-    const auto character = static_cast<wchar_t>(event.GetUnicodeKey());
+    // With Alt, a character is the menus' and the system's.
+    const auto character = event.AltDown() ? L'\0' : static_cast<wchar_t>(event.GetUnicodeKey());
     const auto* const key = std::find_if(std::begin(MOVE_KEYS), std::end(MOVE_KEYS),
                                          [keyCode](const MoveKey& moveKey) { return moveKey.keyCode == keyCode; });
     bool changed = false;
     if (key != std::end(MOVE_KEYS)) {
         changed = _impl->model.move(key->move);
-    } else if (event.AltDown()) {
-        return false; // the menus' and the system's
     } else if (character == L' ' && !_impl->model.isTyping(_impl->sinceTyped.elapsedMs())) {
         isOpen() ? close() : open();
         return true;
