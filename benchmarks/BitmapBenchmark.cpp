@@ -19,6 +19,7 @@
 #include "Turns.h"
 #include "models/PixelConversion.h"
 #include "models/PixelKernels.h"
+#include "platform/ScreenReadBack.h"
 #include "support/ScreenPicture.h"
 
 namespace {
@@ -149,21 +150,26 @@ void convertBitmap(benchmark::State& state, bool toBitmap, bool withAlpha, Size 
         [&] { toBitmap ? loopToBytes(image, order, bytes.data()) : loopToPixels(bytes.data(), order, image); });
 }
 
-/// The eye dropper's piece of the screen, in turns with the toolkit's copy of the screen and a plain conversion of it.
+/// The eye dropper's piece of the screen, in turns with the toolkit's copy of the screen and a plain conversion of it,
+/// and with the window system's bare read-back ("of_read_back", 1: as fast).
 void captureScreen(benchmark::State& state) {
     constexpr int EDGE = 256;
+    constexpr Bucket REGION{{100, 100}, {100 + EDGE, 100 + EDGE}};
     const LibraryUp library;
+    ScreenReadBack readBack(REGION);
     std::vector<double> ofToolkit;
-    const auto capture = [] { benchmark::DoNotOptimize(Wx::getScreenRegionColors({{100, 100}, {100 + EDGE, 356}})); };
+    std::vector<double> ofReadBack;
+    const auto capture = [REGION] { benchmark::DoNotOptimize(Wx::getScreenRegionColors(REGION)); };
     capture();
+    readBack.read();
     for (auto _ : state) {
         const double own = measureSeconds(capture);
-        ofToolkit.push_back(measureSeconds([] {
+        ofToolkit.push_back(measureSeconds([REGION] {
                                 wxBitmap bitmap(EDGE, EDGE);
                                 wxScreenDC screen;
                                 dropKeptScreenPicture(screen); // or it would not look at the screen at all
                                 wxMemoryDC memory(bitmap);
-                                memory.Blit(0, 0, EDGE, EDGE, &screen, 100, 100);
+                                memory.Blit(0, 0, EDGE, EDGE, &screen, REGION.min.x, REGION.min.y);
                                 memory.SelectObject(wxNullBitmap);
                                 const wxImage shown = bitmap.ConvertToImage();
                                 BitmapImpl<Rgb> image(EDGE, EDGE);
@@ -171,9 +177,11 @@ void captureScreen(benchmark::State& state) {
                                 benchmark::DoNotOptimize(image);
                             }) /
                             own);
+        ofReadBack.push_back(measureSeconds([&readBack] { readBack.read(); }) / own);
         state.SetIterationTime(own);
     }
     state.counters["of_toolkit"] = median(ofToolkit);
+    state.counters["of_read_back"] = median(ofReadBack);
 }
 BENCHMARK(captureScreen)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -193,7 +201,7 @@ bool registerAll() {
             const char* const alpha = withAlpha ? "/alpha" : "/opaque";
             const ByteOrder order = withAlpha ? ByteOrder::BGRA : ByteOrder::BGR;
             for (const bool toBytes : {true, false}) {
-                for (const Detail::PixelKernels* const kernels : {&Detail::SSE2_KERNELS, &Detail::AVX2_KERNELS}) {
+                for (const Detail::PixelKernels* const kernels : {&Detail::BASELINE_KERNELS, &Detail::AVX2_KERNELS}) {
                     std::string name(toBytes ? "rowsToBytes/" : "rowsToPixels/");
                     name.append(kernels->name).append(alpha);
                     add(name, [=](benchmark::State& state) { convertRows(state, *kernels, toBytes, order, size); });

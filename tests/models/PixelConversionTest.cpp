@@ -17,12 +17,12 @@ using namespace Ostrel::Detail;
 using testing::ElementsAreArray;
 using Bytes = Array<unsigned char>;
 
-constexpr float BYTE_TO_FLOAT = 0.003921569F;
+constexpr float A_255TH = 0.003921569F;
 constexpr ByteOrder ORDERS[] = {ByteOrder::RGB, ByteOrder::BGR, ByteOrder::RGBA, ByteOrder::BGRA, ByteOrder::BGRX};
 static_assert(std::size(ORDERS) == BYTE_ORDER_COUNT);
 
 Array<const PixelKernels*> getAllKernels() {
-    Array<const PixelKernels*> kernels{&SSE2_KERNELS};
+    Array<const PixelKernels*> kernels{&BASELINE_KERNELS};
     if (hasAvx2()) {
         kernels.push_back(&AVX2_KERNELS);
     }
@@ -113,8 +113,7 @@ TEST(PixelKernels, TouchNothingBeyondTheRunOfAnyLengthAtAnyAddress) {
                     const bool opaque = place < 0 || (i % 4 == 3 && order == ByteOrder::BGRX);
                     const float expected =
                         opaque ? 1.0F
-                               : static_cast<float>(source[i / 4 * size + static_cast<std::size_t>(place)]) *
-                                     BYTE_TO_FLOAT;
+                               : static_cast<float>(source[i / 4 * size + static_cast<std::size_t>(place)]) * A_255TH;
                     ASSERT_EQ(pixels[i], expected) << kernels->name << " order " << static_cast<int>(order);
                 }
                 for (std::size_t i = 4 * count; i < pixels.size(); ++i) {

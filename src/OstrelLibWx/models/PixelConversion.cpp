@@ -65,8 +65,11 @@ bool isGrey(const unsigned char* row, int width) {
 
 } // namespace
 
+const float LOWER_LIMIT = 0.0F;
+const float UPPER_LIMIT = MAX_BYTE;
+
 const PixelKernels& getPixelKernels() {
-    static const PixelKernels& kernels = hasAvx2() ? AVX2_KERNELS : SSE2_KERNELS;
+    static const PixelKernels& kernels = hasAvx2() ? AVX2_KERNELS : BASELINE_KERNELS;
     return kernels;
 }
 

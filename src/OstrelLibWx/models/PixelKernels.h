@@ -4,8 +4,9 @@
 
 #include "models/PixelConversion.h"
 
-/// The inner loops of `PixelConversion`, once in instructions that every x86-64 processor has and once in wider ones.
-/// They are written with the processor's intrinsics: only those pack with saturation, which is half of the work.
+/// The inner loops of `PixelConversion`, twice: as plain loops, which the compiler turns into the vectors that every
+/// x86-64 processor has (tools/check-vectorised proves it), and with the Highway library for the wider ones of AVX2,
+/// whose byte shuffles no plain loop reaches.
 namespace Ostrel::Detail {
 
 /// One loop for each `ByteOrder`, for a run of pixels of four floats each. Neither reads or writes beyond the run.
@@ -15,8 +16,29 @@ struct PixelKernels {
     void (*toPixels[BYTE_ORDER_COUNT])(const unsigned char* bytes, std::size_t count, float* pixels);
 };
 
-extern const PixelKernels SSE2_KERNELS;
+extern const PixelKernels BASELINE_KERNELS;
 extern const PixelKernels AVX2_KERNELS; ///< to be called only where `hasAvx2()`
+
+constexpr float BYTE_TO_FLOAT = 0.003921569F; ///< 1/255
+constexpr float MAX_BYTE = 255.0F;
+/// A float of 2^23 has no bits for a fraction: adding it rounds to the nearest integer, ties to the even one, and
+/// leaves that integer in the lowest bits.
+constexpr float NO_FRACTION = 0x1p23F;
+
+/// Whether red and blue change places.
+[[nodiscard]] constexpr bool isSwapped(ByteOrder order) noexcept {
+    return order != ByteOrder::RGB && order != ByteOrder::RGBA;
+}
+
+/// Whether the bytes hold an alpha that is read.
+[[nodiscard]] constexpr bool hasAlpha(ByteOrder order) noexcept {
+    return order == ByteOrder::RGBA || order == ByteOrder::BGRA;
+}
+
+/// 0 and `MAX_BYTE`, for the plain loops. They are defined in another file, so that the compiler does not know them
+/// there: where it does, it makes branches of the clamp, and no vectors.
+extern const float LOWER_LIMIT;
+extern const float UPPER_LIMIT;
 
 /// Whether processor and system have AVX2.
 [[nodiscard]] bool hasAvx2();

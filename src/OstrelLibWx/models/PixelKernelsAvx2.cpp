@@ -1,113 +1,146 @@
-// Compiled for a processor that has AVX2, so nothing that could be shared with other files may be made here: no inline
-// function of a header, the standard library's included, may be called but for intrinsics.
-#include <immintrin.h>
+#include <cstdint>
+
+// One target, whatever the compiler is allowed to use elsewhere: AVX2 and nothing that `hasAvx2` does not ask for.
+#define HWY_BASELINE_TARGETS HWY_AVX2
+#define HWY_COMPILE_ONLY_STATIC
+#define HWY_DISABLE_PCLMUL_AES
+#define HWY_DISABLE_BMI2_FMA
+#define HWY_DISABLE_F16C
+#define HWY_IS_DEBUG_BUILD 0 // its checks need the library itself, not the headers alone
+#include <hwy/highway.h>
 
 #include "models/PixelKernels.h"
 
+HWY_BEFORE_NAMESPACE(); // allows the instructions to all that follows, to the end of the file
 namespace Ostrel::Detail {
 
 namespace {
 
-constexpr float BYTE_TO_FLOAT = 0.003921569F; // 1/255
-constexpr float MAX_BYTE = 255.0F;
-/// A float of 2^23 has no bits for a fraction: adding it rounds to the nearest integer, ties to the even one.
-constexpr float NO_FRACTION = 0x1p23F;
+namespace hn = hwy::HWY_NAMESPACE;
 
-/// Eight integers of two pixels; above 255 there are none. What is below 0, and what no integer is, is negative.
-template <bool WITH_ALPHA>
-__m256i toIntegers(const float* pixels) {
-    // The order of the operands lets NaN through.
-    const __m256 value =
-        _mm256_min_ps(_mm256_set1_ps(MAX_BYTE), _mm256_mul_ps(_mm256_loadu_ps(pixels), _mm256_set1_ps(MAX_BYTE)));
-    if constexpr (WITH_ALPHA) {
-        const __m256 rounding = _mm256_set_ps(0.0F, NO_FRACTION, NO_FRACTION, NO_FRACTION,  //
-                                              0.0F, NO_FRACTION, NO_FRACTION, NO_FRACTION); // alpha is truncated
-        return _mm256_cvttps_epi32(_mm256_sub_ps(_mm256_add_ps(value, rounding), rounding));
-    } else {
-        return _mm256_cvtps_epi32(value);
+constexpr hn::FixedTag<float, 8> FLOATS;
+constexpr hn::FixedTag<std::int32_t, 8> INTEGERS;
+constexpr hn::FixedTag<std::uint8_t, 32> BYTES;
+using ByteVector = hn::Vec<decltype(BYTES)>;
+
+constexpr std::size_t STEP = 8;        // pixels
+constexpr std::uint8_t NOTHING = 0x80; ///< where a shuffle puts 0
+
+/// Where each byte of a vector comes from, in the half that it stands in.
+struct Shuffle {
+    std::uint8_t from[32];
+};
+using IntegerShuffle = std::int32_t[8]; ///< the same for integers, in the whole vector
+
+/// Red, green, blue and alpha to their places in `ORDER`, or from there.
+template <ByteOrder ORDER>
+constexpr int PLACES[4] = {isSwapped(ORDER) ? 2 : 0, 1, isSwapped(ORDER) ? 0 : 2, 3};
+
+/// A pixel of four floats in each half: of every float the lowest byte, to be the pixel number `part` of the half.
+template <ByteOrder ORDER>
+constexpr Shuffle makeGathering(int part) {
+    Shuffle shuffle{};
+    for (int i = 0; i < 32; ++i) {
+        const int wanted = i % 16 - 4 * part;
+        shuffle.from[i] = wanted >= 0 && wanted < 4 ? static_cast<std::uint8_t>(4 * PLACES<ORDER>[wanted]) : NOTHING;
     }
+    return shuffle;
+}
+template <ByteOrder ORDER>
+constexpr Shuffle GATHERING[4] = {makeGathering<ORDER>(0), makeGathering<ORDER>(1), makeGathering<ORDER>(2),
+                                  makeGathering<ORDER>(3)};
+/// The halves hold the even pixels and the odd ones.
+constexpr IntegerShuffle IN_TURNS{0, 4, 1, 5, 2, 6, 3, 7};
+
+constexpr std::uint8_t WITHOUT_FOURTH[]{0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, NOTHING, NOTHING, NOTHING, NOTHING};
+constexpr IntegerShuffle WITHOUT_GAP{0, 1, 2, 4, 5, 6, 3, 7};
+
+/// Four pixels of bytes in each half: of the pixel `first` in the lower half, and the next one in the upper, every
+/// byte to be an integer.
+template <ByteOrder ORDER>
+constexpr Shuffle makeSpreading(int first) {
+    constexpr int SIZE = getPixelSize(ORDER);
+    Shuffle shuffle{};
+    for (int i = 0; i < 32; ++i) {
+        const int channel = i % 16 / 4;
+        const bool wanted = i % 4 == 0 && (channel < 3 || hasAlpha(ORDER));
+        shuffle.from[i] =
+            wanted ? static_cast<std::uint8_t>(SIZE * (first + i / 16) + PLACES<ORDER>[channel]) : NOTHING;
+    }
+    return shuffle;
+}
+template <ByteOrder ORDER>
+constexpr Shuffle SPREADING[2] = {makeSpreading<ORDER>(0), makeSpreading<ORDER>(2)};
+
+/// Two pixels; the lowest byte of each float's four is what counts.
+template <ByteOrder ORDER>
+HWY_INLINE ByteVector round(const float* pixels) {
+    const auto scaled = hn::Mul(hn::LoadU(FLOATS, pixels), hn::Set(FLOATS, MAX_BYTE));
+    // In this order of the operands NaN becomes 0.
+    auto value = hn::Min(hn::Max(scaled, hn::Zero(FLOATS)), hn::Set(FLOATS, MAX_BYTE));
+    if constexpr (getPixelSize(ORDER) == 4) {
+        const auto channel = hn::And(hn::Iota(INTEGERS, 0), hn::Set(INTEGERS, 3));
+        const auto isAlpha = hn::RebindMask(FLOATS, hn::Eq(channel, hn::Set(INTEGERS, 3)));
+        value = hn::IfThenElse(isAlpha, hn::Floor(value), value); // alpha is truncated
+    }
+    return hn::BitCast(BYTES, hn::Add(value, hn::Set(FLOATS, NO_FRACTION)));
 }
 
-/// Where the bytes of four pixels go, out of red, green, blue, alpha.
 template <ByteOrder ORDER>
-__m256i getByteShuffle() {
-    if constexpr (ORDER == ByteOrder::RGB) {
-        return _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
-    } else if constexpr (ORDER == ByteOrder::BGR) {
-        return _mm256_broadcastsi128_si256(_mm_setr_epi8(2, 1, 0, 6, 5, 4, 10, 9, 8, 14, 13, 12, -1, -1, -1, -1));
-    } else {
-        return _mm256_broadcastsi128_si256(_mm_setr_epi8(2, 1, 0, 3, 6, 5, 4, 7, 10, 9, 8, 11, 14, 13, 12, 15));
-    }
+HWY_INLINE ByteVector gather(const float* pixels, int part) {
+    return hn::TableLookupBytesOr0(round<ORDER>(pixels + 8 * part), hn::LoadU(BYTES, GATHERING<ORDER>[part].from));
+}
+
+HWY_INLINE ByteVector shuffleIntegers(ByteVector bytes, const IntegerShuffle& shuffle) {
+    return hn::BitCast(BYTES,
+                       hn::TableLookupLanes(hn::BitCast(INTEGERS, bytes), hn::SetTableIndices(INTEGERS, shuffle)));
 }
 
 /// Eight pixels; writes 32 bytes, though it may be that 24 count.
 template <ByteOrder ORDER>
-void stepToBytes(const float* pixels, unsigned char* bytes) {
-    constexpr bool WITH_ALPHA = getPixelSize(ORDER) == 4;
-    const __m256i low = _mm256_packs_epi32(toIntegers<WITH_ALPHA>(pixels), toIntegers<WITH_ALPHA>(pixels + 8));
-    const __m256i high = _mm256_packs_epi32(toIntegers<WITH_ALPHA>(pixels + 16), toIntegers<WITH_ALPHA>(pixels + 24));
-    // Packing goes on in each half by itself: the even pixels stand in one half and the odd ones in the other.
-    __m256i packed =
-        _mm256_permutevar8x32_epi32(_mm256_packus_epi16(low, high), _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
-    if constexpr (ORDER != ByteOrder::RGBA) {
-        packed = _mm256_shuffle_epi8(packed, getByteShuffle<ORDER>());
+HWY_INLINE void writeStep(const float* pixels, unsigned char* bytes) {
+    auto packed = hn::Or(hn::Or(gather<ORDER>(pixels, 0), gather<ORDER>(pixels, 1)),
+                         hn::Or(gather<ORDER>(pixels, 2), gather<ORDER>(pixels, 3)));
+    packed = shuffleIntegers(packed, IN_TURNS);
+    if constexpr (getPixelSize(ORDER) == 3) {
+        packed = hn::TableLookupBytesOr0(packed, hn::LoadDup128(BYTES, WITHOUT_FOURTH));
+        packed = shuffleIntegers(packed, WITHOUT_GAP);
     }
-    if constexpr (!WITH_ALPHA) {
-        packed = _mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 3, 7));
-    }
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(bytes), packed);
+    hn::StoreU(packed, BYTES, bytes);
 }
 
 template <ByteOrder ORDER>
 void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (32 + SIZE - 1) / SIZE; // pixels that 32 bytes touch
-    for (; count >= NEEDED; count -= 8, pixels += 4 * 8, bytes += SIZE * 8) {
-        stepToBytes<ORDER>(pixels, bytes);
+    for (; count >= NEEDED; count -= STEP, pixels += 4 * STEP, bytes += SIZE * STEP) {
+        writeStep<ORDER>(pixels, bytes);
     }
-    SSE2_KERNELS.toBytes[static_cast<int>(ORDER)](pixels, count, bytes);
-}
-
-/// Where in four pixels the bytes of the two from `first` on stand, each to become the lowest byte of an integer.
-template <ByteOrder ORDER>
-__m256i getIntegerShuffle(int first) {
-    constexpr bool SWAPPED = ORDER != ByteOrder::RGB && ORDER != ByteOrder::RGBA;
-    constexpr int RED = SWAPPED ? 2 : 0;
-    constexpr int NOTHING = -1;
-    constexpr bool WITH_ALPHA = ORDER == ByteOrder::RGBA || ORDER == ByteOrder::BGRA;
-    constexpr int FREE = 0x80; // the upper bytes of an integer are 0
-    constexpr int UPPER = FREE << 8 | FREE << 16 | static_cast<int>(0x80000000U);
-    constexpr int SIZE = getPixelSize(ORDER);
-    const int a = first * SIZE;
-    const int b = a + SIZE;
-    return _mm256_setr_epi32(UPPER | (a + RED), UPPER | (a + 1), UPPER | (a + 2 - RED),
-                             WITH_ALPHA ? UPPER | (a + 3) : NOTHING, //
-                             UPPER | (b + RED), UPPER | (b + 1), UPPER | (b + 2 - RED),
-                             WITH_ALPHA ? UPPER | (b + 3) : NOTHING);
+    BASELINE_KERNELS.toBytes[static_cast<int>(ORDER)](pixels, count, bytes);
 }
 
 template <ByteOrder ORDER>
-void storePixels(__m256i bytes, __m256i shuffle, float* pixels) {
-    const __m256i integers = _mm256_shuffle_epi8(bytes, shuffle);
-    __m256 values = _mm256_mul_ps(_mm256_cvtepi32_ps(integers), _mm256_set1_ps(BYTE_TO_FLOAT));
-    if constexpr (ORDER != ByteOrder::RGBA && ORDER != ByteOrder::BGRA) {
-        values = _mm256_or_ps(values, _mm256_setr_ps(0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 1.0F));
+HWY_INLINE void writePixels(ByteVector bytes, int part, float* pixels) {
+    const auto integers =
+        hn::BitCast(INTEGERS, hn::TableLookupBytesOr0(bytes, hn::LoadU(BYTES, SPREADING<ORDER>[part].from)));
+    auto values = hn::Mul(hn::ConvertTo(FLOATS, integers), hn::Set(FLOATS, BYTE_TO_FLOAT));
+    if constexpr (!hasAlpha(ORDER)) {
+        constexpr float OPAQUE[] = {0.0F, 0.0F, 0.0F, 1.0F};
+        values = hn::Or(values, hn::LoadDup128(FLOATS, OPAQUE));
     }
-    _mm256_storeu_ps(pixels, values);
+    hn::StoreU(values, FLOATS, pixels + 8 * part);
 }
 
 template <ByteOrder ORDER>
 void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (16 + SIZE - 1) / SIZE; // pixels that 16 bytes touch
-    const __m256i firstTwo = getIntegerShuffle<ORDER>(0);
-    const __m256i lastTwo = getIntegerShuffle<ORDER>(2);
     for (; count >= NEEDED; count -= 4, bytes += SIZE * 4, pixels += 4 * 4) {
-        const __m256i packed = _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes)));
-        storePixels<ORDER>(packed, firstTwo, pixels);
-        storePixels<ORDER>(packed, lastTwo, pixels + 8);
+        const ByteVector packed = hn::LoadDup128(BYTES, bytes);
+        writePixels<ORDER>(packed, 0, pixels);
+        writePixels<ORDER>(packed, 1, pixels);
     }
-    SSE2_KERNELS.toPixels[static_cast<int>(ORDER)](bytes, count, pixels);
+    BASELINE_KERNELS.toPixels[static_cast<int>(ORDER)](bytes, count, pixels);
 }
 
 } // namespace
@@ -121,3 +154,4 @@ const PixelKernels AVX2_KERNELS{
 };
 
 } // namespace Ostrel::Detail
+HWY_AFTER_NAMESPACE();
