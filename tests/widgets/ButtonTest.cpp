@@ -148,6 +148,26 @@ TEST_F(ButtonLook, OfOneBuiltDisabledIsDisabledButForItsLabel) {
     EXPECT_EQ(pixelAt(picture(), 9, 7), NORMAL) << "a flat button's bitmap begins one pixel earlier";
 }
 
+TEST_F(ButtonLook, CentresAllLinesOfTheLabel) {
+    make(panel(), Button::PUSH);
+    button->SetLabel("HH\n\nHHHH\nHH");
+    button->SetSize(200, 20 * button->GetCharHeight());
+    const wxImage shown = picture();
+    wxRect ink;
+    for (int y = 10; y < shown.GetHeight() - 10; ++y) {
+        for (int x = 10; x < shown.GetWidth() - 10; ++x) {
+            if (shown.GetRed(x, y) > 120) {
+                ink.Union(wxRect(x, y, 1, 1));
+            }
+        }
+    }
+    const int line = button->GetTextExtent("H").y;
+    EXPECT_GT(ink.height, 3 * line) << "four lines are there";
+    EXPECT_NEAR(ink.y + ink.GetBottom(), shown.GetHeight(), line);
+    EXPECT_NEAR(ink.width, button->GetTextExtent("HHHH").x, button->GetCharWidth());
+    EXPECT_NEAR(ink.x + ink.GetRight(), 8 + shown.GetWidth(), button->GetCharWidth()) << "the bitmap is 8 wide";
+}
+
 TEST_F(ButtonLook, FollowsTheLabelOfAnAutoSizedButton) {
     auto* const sized = new AutoSizedButton(&panel(), "OK", 10, 80);
     EXPECT_EQ(sized->GetSize(), scaleByDpi(wxSize(80, 24)));

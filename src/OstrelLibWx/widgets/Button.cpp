@@ -5,6 +5,9 @@
 #include "models/ButtonModel.h"
 #include "painting/ButtonPainting.h"
 
+#include <algorithm>
+
+#include <wx/arrstr.h>
 #include <wx/dcbuffer.h>
 #include <wx/weakref.h>
 
@@ -190,7 +193,16 @@ void Button::cancelPress() {
 }
 
 void Button::measureLabel() {
-    _impl->labelExtent = _impl->label.empty() ? wxSize(0, 0) : GetTextExtent(_impl->label);
+    _impl->labelExtent = wxSize(0, 0);
+    if (_impl->label.empty()) {
+        return;
+    }
+    // Line by line, as it is drawn: a window measures all of it as one.
+    for (const wxString& line : wxSplit(_impl->label, '\n', '\0')) {
+        const wxSize extent = GetTextExtent(line.empty() ? wxString("W") : line);
+        _impl->labelExtent.y += extent.y;
+        _impl->labelExtent.x = std::max(_impl->labelExtent.x, line.empty() ? 0 : extent.x);
+    }
 }
 
 } // namespace Ostrel::Wx
