@@ -18,6 +18,7 @@
 #include "models/PictureCheck.h"
 #include "models/PixelConversion.h"
 #include "painting/BitmapRows.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/ClipboardNative.h"
 #include "platform/Native.h"
 #include "platform/ScreenNative.h"
@@ -181,7 +182,7 @@ bool setClipboardData(const BitmapImpl<Rgb>& image, Flags<SetClipboardData> flag
 bool setClipboardData(const String& text) {
     const wxLogNull silence;
     const wxClipboardLocker opened;
-    if (!opened || !wxTheClipboard->SetData(new wxTextDataObject(text.toWide()))) {
+    if (!opened || !wxTheClipboard->SetData(new wxTextDataObject(toWx(text)))) {
         return false;
     }
     Detail::storeClipboardText();

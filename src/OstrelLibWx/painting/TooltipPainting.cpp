@@ -2,6 +2,7 @@
 
 #include "models/TooltipLayout.h"
 #include "painting/PixelDrawing.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/dc.h>
 #include <wx/settings.h>
@@ -30,7 +31,7 @@ void paintTooltip(wxDC& dc, wxSize size, ArrayView<const String> lines, ArrayVie
     dc.SetTextBackground(ground);
     int y = TOOLTIP_MARGIN_PX;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        dc.DrawText(wxString(lines[i].toWide()), TOOLTIP_MARGIN_PX, y);
+        dc.DrawText(toWx(lines[i]), TOOLTIP_MARGIN_PX, y);
         y += lineExtents[i].y;
     }
 }

@@ -36,7 +36,7 @@ CheckBox::CheckBox(wxWindow* parent, int id, const String& label, const wxPoint&
                    Function<void(bool)> onToggle)
     : SkinnableMixin<wxControl>(parent, id, pos, scaleByDpi(size), wxBORDER_NONE)
     , TooltipWindow(this)
-    , _impl(new Impl{wxString(label.toWide()), std::move(onToggle)}) {
+    , _impl(new Impl{toWx(label), std::move(onToggle)}) {
     _impl->input.reset(new ToggleInput(*this, CLICK_KEYS, [this] { setValue(!getValue(), true); }));
     _impl->input->setOn(value);
     SetBackgroundStyle(wxBG_STYLE_PAINT);

@@ -128,8 +128,7 @@ CollapsiblePanel::CollapsiblePanel(wxWindow* parent, const GuiSkin& skin, int id
     , _impl(new Impl{std::move(onToggle)}) {
     SetBackgroundColour(toWxColour(skin.background));
     SetForegroundColour(toWxColour(skin.text));
-    _impl->header =
-        new Header(this, skin, wxString(title.toWide()), expanded, [this] { setExpanded(!isExpanded(), true); });
+    _impl->header = new Header(this, skin, toWx(title), expanded, [this] { setExpanded(!isExpanded(), true); });
     _impl->content = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
     _impl->content->SetBackgroundColour(toWxColour(skin.background));
     _impl->content->SetForegroundColour(toWxColour(skin.text));

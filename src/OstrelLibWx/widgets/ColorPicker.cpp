@@ -10,6 +10,7 @@
 #include "assets/EyeDropper.h"
 #include "assets/EyeDropperInverse.h"
 #include "models/ColorState.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/ChoiceNative.h"
 #include "widgets/ArrowBitmaps.h"
 #include "widgets/ColorDisplay.h"
@@ -455,8 +456,7 @@ struct ColorPicker::Impl {
 
 ColorPicker::ColorPicker(wxWindow* parent, const String& title, wxPoint position, const Rgb& initialColor,
                          DialogType type, ColorFormat format)
-    : wxDialog(parent, wxID_ANY, wxString(title.toWide()), position, wxDefaultSize,
-               wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX)
+    : wxDialog(parent, wxID_ANY, toWx(title), position, wxDefaultSize, wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX)
     , _impl(new Impl(*this, format == ColorFormat::WITH_ALPHA)) {
     SetForegroundColour(toWxColour(SKIN.text)); // which the labels inherit
     SetBackgroundColour(toWxColour(SKIN.background));

@@ -6,6 +6,7 @@
 #include "assets/ComboBoxArrowHovered.h"
 #include "models/ComboBoxModel.h"
 #include "painting/ComboBoxPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "widgets/ArrowBitmaps.h"
 #include "widgets/ComboBoxDropdown.h"
 
@@ -300,7 +301,7 @@ void ComboBox::followSelection() {
 
 void ComboBox::refreshBox() {
     const Item* const item = _impl->model.getSelectedItem();
-    _impl->shownText = item != nullptr ? wxString(item->text.toWide()) : wxString();
+    _impl->shownText = item != nullptr ? toWx(item->text) : wxString();
     Refresh();
 }
 
@@ -315,7 +316,7 @@ bool ComboBox::notifySelection() {
     event.SetEventObject(this);
     event.SetInt(id);
     event.SetExtraLong(*getSelectedIndex());
-    event.SetString(wxString(selected->text.toWide()));
+    event.SetString(toWx(selected->text));
     const wxWeakRef<ComboBox> self(this);
     ProcessWindowEvent(event);
     if (self && _impl->onSelect) {

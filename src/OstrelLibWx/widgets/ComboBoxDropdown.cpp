@@ -92,8 +92,8 @@ private:
             if (row.min.y > dirty.GetBottom()) {
                 break;
             }
-            paintComboBoxRow(dc, row, wxString(items[static_cast<std::size_t>(i)].text.toWide()),
-                             _list._model.getHighlighted() == i, padding, textHeight, _list._skin);
+            paintComboBoxRow(dc, row, toWx(items[static_cast<std::size_t>(i)].text), _list._model.getHighlighted() == i,
+                             padding, textHeight, _list._skin);
         }
     }
 

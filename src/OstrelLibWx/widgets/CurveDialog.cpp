@@ -7,6 +7,7 @@
 #include <OstrelLibWx/widgets/ComboBox.h>
 #include <OstrelLibWx/widgets/DropdownButton.h>
 
+#include "painting/ToolkitTypes.h"
 #include "widgets/DialogParts.h"
 #include "widgets/Require.h"
 
@@ -55,7 +56,7 @@ struct CurveDialog::Impl {
 
 CurveDialog::CurveDialog(wxWindow* parent, const GuiSkin& skin, const String& title, const ColorCurve& curves,
                          SharedPtr<ICurveDialogCallbacks> callbacks)
-    : wxFrame(parent, wxID_ANY, title.toWide(), wxDefaultPosition, wxDefaultSize,
+    : wxFrame(parent, wxID_ANY, toWx(title), wxDefaultPosition, wxDefaultSize,
               (wxDEFAULT_FRAME_STYLE & ~wxMAXIMIZE_BOX) | wxFRAME_NO_TASKBAR)
     , _impl(new Impl{.skin = skin, .callbacks = require(std::move(callbacks), PATH, __LINE__)}) {
     _impl->panelCallbacks = require(_impl->callbacks->getPanelCallbacks(), PATH, __LINE__);

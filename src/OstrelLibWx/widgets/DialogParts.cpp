@@ -4,6 +4,7 @@
 #include <OstrelLibWx/widgets/Spinner.h>
 
 #include "models/MessageDialogModel.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
@@ -35,9 +36,9 @@ void placeOverParent(wxTopLevelWindow* window) {
 
 Button* makeDialogButton(wxWindow* parent, const GuiSkin& skin, const String& label, Function<void()> onClick,
                          Button::Behavior behavior) {
-    auto* const button = new Button(parent, skin, wxID_ANY, label.toWide(), wxBitmap(), wxBitmap(), std::move(onClick),
-                                    behavior, true, {});
-    const int width = button->GetTextExtent(label.toWide()).x + 2 * scaleByDpi(BUTTON_PADDING);
+    auto* const button =
+        new Button(parent, skin, wxID_ANY, toWx(label), wxBitmap(), wxBitmap(), std::move(onClick), behavior, true, {});
+    const int width = button->GetTextExtent(toWx(label)).x + 2 * scaleByDpi(BUTTON_PADDING);
     button->SetMinSize(wxSize(std::max(scaleByDpi(BUTTON_WIDTH), width), scaleByDpi(BUTTON_HEIGHT)));
     return button;
 }

@@ -5,6 +5,7 @@
 #include <OstrelLibWx/widgets/TextControl.h>
 
 #include "models/ColorConversion.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/sizer.h>
 #include <wx/weakref.h>
@@ -71,7 +72,7 @@ void HexColorEdit::onFocusKilled(wxFocusEvent& event) {
 }
 
 void HexColorEdit::showColor() {
-    const wxString text(formatHexColor(_color).toWide());
+    const wxString text = toWx(formatHexColor(_color));
     if (_text->GetValue() != text) {
         _text->ChangeValue(text);
     }

@@ -13,6 +13,7 @@
 #include "models/SpinnerModel.h"
 #include "painting/BorderPainting.h"
 #include "painting/PixelDrawing.h"
+#include "painting/ToolkitTypes.h"
 #include "widgets/ArrowBitmaps.h"
 
 #include <wx/sizer.h>
@@ -227,7 +228,7 @@ void Spinner::callOnValueChange(Function<void(float)> onValueChange) {
 }
 
 void Spinner::setText(const String& text) {
-    _impl->text->ChangeValue(wxString(text.toWide()));
+    _impl->text->ChangeValue(toWx(text));
 }
 
 void Spinner::commitText() {
@@ -260,7 +261,7 @@ void Spinner::onPress(wxMouseEvent& event) {
     // The field keeps the focus, so nothing else would set what was typed before the step replaces it.
     auto* const arrow = static_cast<Arrow*>(event.GetEventObject());
     const wxPoint mouse = event.GetPosition();
-    if (_impl->text->HasFocus() && _impl->text->GetValue() != wxString(_impl->number.getText().toWide()) && !commit()) {
+    if (_impl->text->HasFocus() && _impl->text->GetValue() != toWx(_impl->number.getText()) && !commit()) {
         return;
     }
     arrow->CaptureMouse();
@@ -404,7 +405,7 @@ bool Spinner::commit() {
 
 /// Shows the number and notifies it if asked to. False if the spinner was destroyed by a handler.
 bool Spinner::showValue(bool notify) {
-    const wxString text(_impl->number.getText().toWide());
+    const wxString text = toWx(_impl->number.getText());
     if (_impl->text->GetValue() != text) {
         _impl->text->ChangeValue(text);
     }

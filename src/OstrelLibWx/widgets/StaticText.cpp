@@ -3,6 +3,7 @@
 #include <OstrelLibWx/widgets/GuiSkin.h>
 
 #include "painting/TextPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/TextNative.h"
 
 #include <wx/dcclient.h>
@@ -18,7 +19,7 @@ constexpr RgbBytes DISABLED_COLOUR{110, 110, 110};
 
 StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned int style, Flags<TextFlag> flags,
                        wxSize size)
-    : wxStaticText(parent, id, wxString(text.toWide()), wxDefaultPosition, scaleByDpi(size), static_cast<long>(style))
+    : wxStaticText(parent, id, toWx(text), wxDefaultPosition, scaleByDpi(size), static_cast<long>(style))
     , TooltipWindow(this)
     , _label(text) {
     Bind(wxEVT_PAINT, &StaticText::onPaint, this);
@@ -36,7 +37,7 @@ void StaticText::SetLabel(const wxString& label) {
 
 void StaticText::Wrap(int width) {
     const String unwrapped = _label;
-    SetLabel(wxString(unwrapped.toWide()));
+    SetLabel(toWx(unwrapped));
     wxStaticText::Wrap(width); // sets the wrapped text as the label
     _label = unwrapped;
 }

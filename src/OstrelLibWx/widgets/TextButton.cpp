@@ -2,6 +2,7 @@
 
 #include "models/TextModel.h"
 #include "painting/MarkPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/TextNative.h"
 
 #include <wx/cursor.h>
@@ -13,7 +14,7 @@ namespace Ostrel::Wx {
 namespace {
 
 Function<void()> makeBrowserCallback(const String& url) {
-    return [url = wxString(url.toWide())] { wxLaunchDefaultBrowser(url, 0); };
+    return [url = toWx(url)] { wxLaunchDefaultBrowser(url, 0); };
 }
 
 } // namespace

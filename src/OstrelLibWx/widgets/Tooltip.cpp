@@ -3,6 +3,7 @@
 #include <OstrelLibWx/WindowUtils.h>
 
 #include "models/TooltipLayout.h"
+#include "painting/ToolkitTypes.h"
 #include "painting/TooltipPainting.h"
 
 #include <wx/dcbuffer.h>
@@ -64,7 +65,7 @@ ArrayView<const String> Tooltip::getLines() const {
 void Tooltip::breakText() const {
     if (!std::exchange(_broken, true)) {
         _lines = breakTooltipLines(_text, scaleByDpi(MAXIMUM_LINE_WIDTH),
-                                   [this](const String& line) { return GetTextExtent(wxString(line.toWide())).x; });
+                                   [this](const String& line) { return GetTextExtent(toWx(line)).x; });
     }
 }
 
@@ -72,7 +73,7 @@ void Tooltip::fitToLines() {
     breakText();
     _lineExtents.clear();
     for (const String& line : _lines) {
-        const wxSize extent = GetTextExtent(wxString(line.toWide()));
+        const wxSize extent = GetTextExtent(toWx(line));
         _lineExtents.push_back({extent.x, extent.y});
     }
     const Pixel size = computeTooltipSize(_lineExtents);

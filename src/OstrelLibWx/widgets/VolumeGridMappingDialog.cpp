@@ -9,6 +9,7 @@
 #include <OstrelLibWx/widgets/Spinner.h>
 #include <OstrelLibWx/widgets/Tooltip.h>
 
+#include "painting/ToolkitTypes.h"
 #include "widgets/DialogParts.h"
 #include "widgets/Require.h"
 
@@ -113,7 +114,7 @@ VolumeGridMappingDialog::VolumeGridMappingDialog(wxWindow* parent, const String&
                                                  const VolumeGridMapping& current, const VolumeGridMapping& initial,
                                                  SharedPtr<VolumeGridMappingDialogCallbacks> callbacks,
                                                  wxPoint position)
-    : wxFrame(parent, wxID_ANY, title.toWide(), wxDefaultPosition, wxDefaultSize,
+    : wxFrame(parent, wxID_ANY, toWx(title), wxDefaultPosition, wxDefaultSize,
               (wxDEFAULT_FRAME_STYLE & ~(wxMAXIMIZE_BOX | wxMINIMIZE_BOX)) | wxFRAME_NO_TASKBAR |
                   (parent != nullptr ? wxFRAME_FLOAT_ON_PARENT : 0))
     , _impl(new Impl{.mapping = clampScale(current),
