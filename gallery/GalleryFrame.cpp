@@ -136,6 +136,9 @@ void GalleryFrame::onKey(wxKeyEvent& event) {
         event.Skip();
         return;
     }
+    if (getCurrentPage().onKey(key)) {
+        return;
+    }
     switch (key) {
     case WXK_UP:
     case WXK_DOWN:

@@ -51,6 +51,10 @@ void Page::dress() {
 
 void Page::onPageShown(bool) {}
 
+bool Page::onKey(int) {
+    return false;
+}
+
 wxStaticText* Page::makeText(TextRole role, const wxString& text, int wrapWidth) {
     return makeText(this, role, text, wrapWidth);
 }

@@ -34,6 +34,9 @@ public:
     /// Called when the page is shown and when another takes its place.
     virtual void onPageShown(bool shown);
 
+    /// A key without modifiers that no control has taken. True if the page has done something with it.
+    virtual bool onKey(int key);
+
     /// Whether the page has been painted since `forgetPainting`.
     [[nodiscard]] bool wasPainted() const { return _painted; }
     void forgetPainting() { _painted = false; }

@@ -1,5 +1,7 @@
 #include "PictureView.h"
 
+#include "lab/Tones.h"
+
 #include <OstrelLibWx/BitmapUtils.h>
 #include <OstrelLibWx/widgets/GuiSkin.h>
 
@@ -23,7 +25,7 @@ PictureView::PictureView(wxWindow* parent, Picks picks, Function<void()> onShown
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)
     , _picks(std::move(picks))
     , _onShown(std::move(onShown))
-    , _tones(ColorCurve(), PictureValues::STORED) {
+    , _shading(std::make_shared<ToneTables>(ColorCurve(), PictureValues::STORED)) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     bindScrollAndZoomEvents(this);
     Bind(wxEVT_PAINT, &PictureView::onPaint, this);
@@ -57,8 +59,8 @@ void PictureView::setPicture(SharedPtr<const BitmapImpl<Rgb>> picture) {
     updatePlacement();
 }
 
-void PictureView::setTones(ToneTables tones) {
-    _tones = std::move(tones);
+void PictureView::setShading(SharedPtr<const Shading> shading) {
+    _shading = std::move(shading);
     _isStale = true;
 }
 
@@ -77,9 +79,14 @@ void PictureView::showUnscaled() {
     _isStale = true;
 }
 
-Optional<Rgb> PictureView::getColor(Pixel position) const {
-    const Optional<Pixel> pixel = _picture ? _placement.toPicture(position) : Optional<Pixel>();
-    return pixel ? Optional<Rgb>((*_picture)(pixel->x, pixel->y)) : Optional<Rgb>();
+Optional<Pixel> PictureView::getPixel(Pixel position) const {
+    return _picture ? _placement.toPicture(position) : Optional<Pixel>();
+}
+
+Rgb PictureView::getShownColor(Pixel pixel) const {
+    Rgb shown = (*_picture)(pixel.x, pixel.y);
+    _shading->apply({&shown, 1}, {&shown, 1});
+    return shown;
 }
 
 void PictureView::onScrollOrZoom(const wxMouseEvent& event, int amount) {
@@ -156,7 +163,7 @@ void PictureView::onIdle(wxIdleEvent& event) {
     }
     _isStale = false;
     if (_picture) {
-        showPicture(*_picture, _tones, _placement, GROUND, _shown);
+        showPicture(*_picture, *_shading, _placement, GROUND, _shown);
         _bitmap = Wx::toWxBitmap(_shown, false);
     } else {
         _bitmap = wxBitmap();

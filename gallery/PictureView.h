@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lab/Placement.h"
-#include "lab/Tones.h"
+#include "lab/Shading.h"
 
 #include <OstrelLib/Bitmap.h>
 #include <OstrelLib/Color.h>
@@ -13,8 +13,8 @@
 
 namespace Ostrel::Gallery {
 
-/// Shows a float picture through tone curves. The wheel and pinches zoom about the pointer, and a drag pans; while the
-/// view picks, the left button is the host's instead.
+/// Shows a float picture through tone curves, or in false colours. The wheel and pinches zoom about the pointer, and a
+/// drag pans; while the view picks, the left button is the host's instead.
 ///
 /// What is shown is computed anew after a change, for the visible part alone, once the program has nothing else to do:
 /// however fast changes come, none waits for the ones before.
@@ -33,7 +33,7 @@ public:
 
     /// Null shows nothing. A picture of the same size takes the place of the one before; any other is fitted.
     void setPicture(SharedPtr<const BitmapImpl<Rgb>> picture);
-    void setTones(ToneTables tones);
+    void setShading(SharedPtr<const Shading> shading);
 
     void setPicking(bool picking);
     void fit();
@@ -41,8 +41,11 @@ public:
 
     [[nodiscard]] double getScale() const { return _placement.getScale(); }
 
-    /// The colour of the picture itself, before the curves; nothing beside it.
-    [[nodiscard]] Optional<Rgb> getColor(Pixel position) const;
+    /// The picture's pixel at a position in client coordinates; nothing beside the picture.
+    [[nodiscard]] Optional<Pixel> getPixel(Pixel position) const;
+
+    /// What is shown of a pixel of the picture, not clamped.
+    [[nodiscard]] Rgb getShownColor(Pixel pixel) const;
 
     /// Whether everything that was set is shown.
     [[nodiscard]] bool isUpToDate() const { return !_isStale; }
@@ -65,7 +68,7 @@ private:
     Picks _picks;
     Function<void()> _onShown;
     SharedPtr<const BitmapImpl<Rgb>> _picture;
-    ToneTables _tones;
+    SharedPtr<const Shading> _shading;
     Placement _placement;
     bool _isPicking = false;
     Drag _drag = Drag::NONE;

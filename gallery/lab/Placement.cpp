@@ -116,22 +116,22 @@ Columns findColumns(const Placement& placement, int width) {
     return columns;
 }
 
-void magnifyRow(ArrayView<const Rgb> pixels, const ToneTables& tones, const Columns& columns, ArrayView<Rgb> shown) {
+void magnifyRow(ArrayView<const Rgb> pixels, const Shading& shading, const Columns& columns, ArrayView<Rgb> shown) {
     const ArrayView<Rgb> seen = shown.subspan(static_cast<std::size_t>(columns.view.first), columns.magnified.size());
     std::transform(columns.magnified.begin(), columns.magnified.end(), seen.begin(),
                    [pixels](int pixel) { return pixels[static_cast<std::size_t>(pixel)]; });
-    tones.apply(seen, seen);
+    shading.apply(seen, seen);
 }
 
 /// Adds the pixels of a row to the columns into which they fall, counting them in alpha.
-void addRow(ArrayView<const Rgb> pixels, const ToneTables& tones, const Columns& columns, ArrayView<Rgb> sums) {
+void addRow(ArrayView<const Rgb> pixels, const Shading& shading, const Columns& columns, ArrayView<Rgb> sums) {
     constexpr std::size_t PART = 256;
     std::array<Rgb, PART> toned;
     const ArrayView<const Rgb> seen =
         pixels.subspan(static_cast<std::size_t>(columns.picture.first), columns.reduced.size());
     for (std::size_t first = 0; first < seen.size(); first += PART) {
         const std::size_t count = std::min(PART, seen.size() - first);
-        tones.apply(seen.subspan(first, count), ArrayView<Rgb>(toned).first(count));
+        shading.apply(seen.subspan(first, count), ArrayView<Rgb>(toned).first(count));
         for (std::size_t i = 0; i < count; ++i) {
             // What no screen shows must not outweigh its neighbours.
             const auto clamp = [](float value) { return std::min(std::max(value, 0.0F), 1.0F); };
@@ -143,7 +143,7 @@ void addRow(ArrayView<const Rgb> pixels, const ToneTables& tones, const Columns&
 
 } // namespace
 
-void showPicture(const BitmapImpl<Rgb>& picture, const ToneTables& tones, const Placement& placement, const Rgb& ground,
+void showPicture(const BitmapImpl<Rgb>& picture, const Shading& shading, const Placement& placement, const Rgb& ground,
                  BitmapImpl<Rgb>& shown) {
     const Pixel size = placement.getViewSize();
     if (shown.getWidth() != size.x || shown.getHeight() != size.y) {
@@ -156,13 +156,13 @@ void showPicture(const BitmapImpl<Rgb>& picture, const ToneTables& tones, const 
         if (placement.getScale() >= 1.0) {
             std::fill(row.begin(), row.end(), ground);
             if (rows.first < rows.last) {
-                magnifyRow(picture.row(rows.first), tones, columns, row);
+                magnifyRow(picture.row(rows.first), shading, columns, row);
             }
             return;
         }
         std::fill(row.begin(), row.end(), Rgb{0.0F, 0.0F, 0.0F, 0.0F});
         for (int pixelRow = rows.first; pixelRow < rows.last; ++pixelRow) {
-            addRow(picture.row(pixelRow), tones, columns, row);
+            addRow(picture.row(pixelRow), shading, columns, row);
         }
         std::transform(row.begin(), row.end(), row.begin(),
                        [&ground](const Rgb& sum) { return sum.alpha > 0.0F ? sum / sum.alpha : ground; });

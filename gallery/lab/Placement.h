@@ -5,7 +5,7 @@
 #include <OstrelLib/Geometry.h>
 #include <OstrelLib/Types.h>
 
-#include "lab/Tones.h"
+#include "lab/Shading.h"
 
 namespace Ostrel::Gallery {
 
@@ -62,9 +62,9 @@ private:
     bool _isFitted = true;
 };
 
-/// The view with the picture in it, put through `tones`; several pixels that fall on one become their mean as shown.
+/// The view with the picture in it, put through `shading`; several pixels that fall on one become their mean as shown.
 /// What lies beside the picture is `ground`. `shown` gets the view's size; its memory is used again if it has it.
-void showPicture(const BitmapImpl<Rgb>& picture, const ToneTables& tones, const Placement& placement, const Rgb& ground,
+void showPicture(const BitmapImpl<Rgb>& picture, const Shading& shading, const Placement& placement, const Rgb& ground,
                  BitmapImpl<Rgb>& shown);
 
 } // namespace Ostrel::Gallery

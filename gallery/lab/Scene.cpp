@@ -1,5 +1,8 @@
 #include "lab/Scene.h"
 
+#include "lab/Rows.h"
+#include "lab/Tones.h"
+
 #include <OstrelLib/Types.h>
 
 #include <algorithm>
@@ -62,13 +65,14 @@ constexpr std::array SPHERES{
     Sphere{{-3.2F, 0.6F, 2.8F}, 0.6F, Material::ROUGH, {0.5F, 0.3F, 0.65F}},
 };
 
+constexpr const Sphere* PAINTED_SPHERE = &SPHERES[3]; // its colour is the user's
+
 constexpr Rgb LIGHT_TILE{0.62F, 0.6F, 0.56F};
 constexpr Rgb DARK_TILE{0.16F, 0.17F, 0.19F};
-constexpr float TILES_END = 40.0F; ///< the distance from which on they are too small to tell apart
+constexpr float TILES_END = DEPTH_END; ///< the distance from which on they are too small to tell apart
 
 // The sky, and the sun in it: a disc of two degrees.
-constexpr Rgb ZENITH{0.13F, 0.27F, 0.62F};
-constexpr Rgb HORIZON{0.55F, 0.66F, 0.82F};
+constexpr Rgb HAZE{0.42F, 0.39F, 0.2F}; ///< what the horizon has more than the zenith, under the usual sky
 constexpr Rgb SUN{980.0F, 850.0F, 650.0F};
 constexpr float SUN_COSINE = 0.9994F;
 constexpr float SUN_SOLID_ANGLE = 2.0F * std::numbers::pi_v<float> * (1.0F - SUN_COSINE);
@@ -81,6 +85,7 @@ constexpr float HALF_HEIGHT = 0.37F; ///< of the picture, at distance 1
 
 constexpr float GLASS_INDEX = 1.5F;
 constexpr float GLASS_SHADOW = 0.75F; ///< the share of the sun's light behind glass
+constexpr float BRIGHTEST_SKY = 100.0F;
 constexpr int MOST_SURFACES = 10;
 constexpr float CLEARANCE = 0.0005F; ///< from the surface that a ray leaves
 
@@ -108,7 +113,7 @@ float getDistance(const Sphere& sphere, const Ray& ray) {
     return near > CLEARANCE ? near : (far > CLEARANCE ? far : std::numeric_limits<float>::infinity());
 }
 
-Optional<Hit> intersect(const Ray& ray) {
+Optional<Hit> intersect(const Ray& ray, const SceneColors& colors) {
     Hit hit;
     const Sphere* sphere = nullptr;
     for (const Sphere& candidate : SPHERES) {
@@ -134,7 +139,7 @@ Optional<Hit> intersect(const Ray& ray) {
     hit.point = ray.origin + ray.direction * hit.distance;
     hit.normal = (hit.point - sphere->centre) * (1.0F / sphere->radius);
     hit.material = sphere->material;
-    hit.colour = sphere->colour;
+    hit.colour = sphere == PAINTED_SPHERE ? colors.sphere : sphere->colour;
     return hit;
 }
 
@@ -147,12 +152,13 @@ Vector turnFrom(Vector axis, float cosine, float turn) {
     return axis * cosine + side * (sine * std::cos(angle)) + other * (sine * std::sin(angle));
 }
 
-Rgb getSky(Vector direction, bool withSun) {
+Rgb getSky(Vector direction, const Rgb& zenith, bool withSun) {
     if (withSun && dot(direction, SUN_DIRECTION) > SUN_COSINE) {
         return SUN;
     }
     const float height = std::sqrt(std::max(direction.y, 0.0F));
-    return HORIZON * (1.0F - height) + ZENITH * height;
+    const Rgb haze = HAZE * (getLuminance(zenith) / getLuminance(SceneColors().sky));
+    return zenith + haze * (1.0F - height);
 }
 
 /// The sun's light on a rough surface, which chance would find too seldom: from a random place of the disc.
@@ -192,20 +198,26 @@ Vector passGlass(Vector direction, Vector outward, Random& random) {
                                        : direction * ratio + normal * (ratio * cosine - inner);
 }
 
-Ray getCameraRay(float x, float y) {
+/// Through a place of a pixel, both coordinates from 0 to 1.
+Ray getCameraRay(Pixel pixel, Pixel pictureSize, float insideX, float insideY) {
+    const auto height = static_cast<float>(pictureSize.y);
+    const float x = ((static_cast<float>(pixel.x) + insideX) * 2.0F - static_cast<float>(pictureSize.x)) / height;
+    const float y = (height - (static_cast<float>(pixel.y) + insideY) * 2.0F) / height;
     const Vector forward = normalize(TARGET - EYE);
     const Vector right = normalize(cross({0.0F, 1.0F, 0.0F}, forward));
     return {EYE, normalize(forward + right * (x * HALF_HEIGHT) + cross(forward, right) * (y * HALF_HEIGHT))};
 }
 
-Rgb trace(Ray ray, Random& random) {
+Rgb trace(Ray ray, const SceneColors& colors, Random& random) {
     Rgb light{0.0F, 0.0F, 0.0F};
     Rgb weight{1.0F, 1.0F, 1.0F};
+    float alpha = 1.0F;
     bool seesSun = true; // behind a rough surface the sun has been counted already
     for (int surface = 0; surface < MOST_SURFACES; ++surface) {
-        const Optional<Hit> hit = intersect(ray);
+        const Optional<Hit> hit = intersect(ray, colors);
         if (!hit) {
-            light = light + weight * getSky(ray.direction, seesSun);
+            light = light + weight * getSky(ray.direction, colors.sky, seesSun);
+            alpha = surface == 0 ? 0.0F : 1.0F;
             break;
         }
         weight = weight * hit->colour;
@@ -228,7 +240,7 @@ Rgb trace(Ray ray, Random& random) {
             break;
         }
     }
-    light.alpha = 1.0F;
+    light.alpha = alpha;
     return light;
 }
 
@@ -255,11 +267,31 @@ float Random::next() {
     return static_cast<float>(nextBits() >> 8U) * 0x1p-24F;
 }
 
-Rgb traceScene(Pixel pixel, Pixel pictureSize, Random& random) {
-    const auto height = static_cast<float>(pictureSize.y);
-    const float x = (static_cast<float>(pixel.x) + random.next()) * 2.0F - static_cast<float>(pictureSize.x);
-    const float y = height - (static_cast<float>(pixel.y) + random.next()) * 2.0F;
-    return trace(getCameraRay(x / height, y / height), random);
+SceneColors getSceneColors(const Rgb& shownSky, const Rgb& shownSphere) {
+    const auto limit = [](const Rgb& color, float most) {
+        const auto keep = [most](float channel) { return std::min(std::max(0.0F, channel), most); }; // NaN becomes 0
+        return Rgb{keep(color.red), keep(color.green), keep(color.blue)};
+    };
+    return {limit(decodeSrgb(shownSky), BRIGHTEST_SKY), limit(decodeSrgb(shownSphere), 1.0F)};
+}
+
+Rgb traceScene(Pixel pixel, Pixel pictureSize, const SceneColors& colors, Random& random) {
+    const float x = random.next();
+    const float y = random.next();
+    return trace(getCameraRay(pixel, pictureSize, x, y), colors, random);
+}
+
+BitmapImpl<Rgb> renderDepth(Pixel pictureSize) {
+    BitmapImpl<Rgb> depth(pictureSize.x, pictureSize.y);
+    forEachRow(pictureSize.y, 0, {}, [&](int y) {
+        for (int x = 0; x < pictureSize.x; ++x) {
+            const Optional<Hit> hit = intersect(getCameraRay({x, y}, pictureSize, 0.5F, 0.5F), {});
+            const float distance =
+                hit && hit->distance <= DEPTH_END ? hit->distance : std::numeric_limits<float>::infinity();
+            depth(x, y) = {distance, distance, distance};
+        }
+    });
+    return depth;
 }
 
 } // namespace Ostrel::Gallery

@@ -1,5 +1,7 @@
 #include "lab/Tones.h"
 
+#include "lab/Rows.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -42,6 +44,44 @@ float encodeSrgb(float light) {
         return 0.0F;
     }
     return light <= 0.0031308F ? 12.92F * light : 1.055F * std::pow(light, 1.0F / 2.4F) - 0.055F;
+}
+
+Rgb encodeSrgb(const Rgb& light) {
+    return {encodeSrgb(light.red), encodeSrgb(light.green), encodeSrgb(light.blue), light.alpha};
+}
+
+Rgb decodeSrgb(const Rgb& stored) {
+    const auto decode = [](float channel) {
+        if (!(channel > 0.0F)) {
+            return 0.0F;
+        }
+        return channel <= 0.04045F ? channel / 12.92F : std::pow((channel + 0.055F) / 1.055F, 2.4F);
+    };
+    return {decode(stored.red), decode(stored.green), decode(stored.blue), stored.alpha};
+}
+
+Rgb getWhiteBalance(const Rgb& white) {
+    const float luminance = getLuminance(white);
+    if (!(luminance > 0.0F) || !std::isfinite(luminance)) {
+        return {1.0F, 1.0F, 1.0F};
+    }
+    const auto getFactor = [luminance](float channel) {
+        return channel > 0.0F ? std::clamp(luminance / channel, 1.0F / MOST_BALANCE, MOST_BALANCE) : MOST_BALANCE;
+    };
+    return {getFactor(white.red), getFactor(white.green), getFactor(white.blue)};
+}
+
+SharedPtr<const BitmapImpl<Rgb>> balance(SharedPtr<const BitmapImpl<Rgb>> picture, const Rgb& factors) {
+    if (!picture || factors == Rgb{1.0F, 1.0F, 1.0F}) {
+        return picture;
+    }
+    auto balanced = std::make_shared<BitmapImpl<Rgb>>(picture->getWidth(), picture->getHeight());
+    forEachRow(picture->getHeight(), 0, {}, [&](int y) {
+        const ArrayView<const Rgb> row = picture->row(y);
+        std::transform(row.begin(), row.end(), balanced->row(y).begin(),
+                       [&factors](const Rgb& pixel) { return pixel * factors; });
+    });
+    return balanced;
 }
 
 ToneTables::ToneTables(const ColorCurve& curves, PictureValues values)
@@ -88,7 +128,7 @@ ToneTables::Cells ToneTables::makeCells(const Curve& own, const Curve& master, P
         }
     }
     if (values == PictureValues::LIGHT) {
-        std::transform(places.begin(), places.end(), places.begin(), encodeSrgb);
+        std::transform(places.begin(), places.end(), places.begin(), [](float light) { return encodeSrgb(light); });
     }
     return {from, static_cast<float>(static_cast<double>(count) / width), static_cast<float>(count), std::move(places)};
 }
@@ -123,6 +163,39 @@ void ToneTables::applyTable(const Table& table, float Rgb::*colour, ArrayView<co
         const float x = values[i].*colour;
         shown[i].*colour = x >= denseFrom && x <= denseTo ? readDense(x) : readWhole(x);
     }
+}
+
+void ExactTones::apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept {
+    const auto applyCurves = [this](float value, CurveChannel channel) {
+        for (const Curve* const curve : {&_curves[channel], &_curves[CurveChannel::MASTER]}) {
+            value = curve->isIdentity() ? value : (*curve)(value);
+        }
+        return _values == PictureValues::LIGHT ? encodeSrgb(value) : value;
+    };
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        shown[i] = {applyCurves(values[i].red, CurveChannel::RED), applyCurves(values[i].green, CurveChannel::GREEN),
+                    applyCurves(values[i].blue, CurveChannel::BLUE)};
+    }
+}
+
+void Light::apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept {
+    std::transform(values.begin(), values.end(), shown.begin(), [this](const Rgb& value) {
+        const Rgb light = _values == PictureValues::STORED ? decodeSrgb(value) : value;
+        return Rgb{light.red, light.green, light.blue};
+    });
+}
+
+BitmapImpl<Rgb> shade(const BitmapImpl<Rgb>& values, const Shading& shading, const BitmapImpl<Rgb>& alphas) {
+    BitmapImpl<Rgb> shaded(values.getWidth(), values.getHeight());
+    forEachRow(values.getHeight(), 0, {}, [&](int y) {
+        const ArrayView<Rgb> row = shaded.row(y);
+        shading.apply(values.row(y), row);
+        std::transform(row.begin(), row.end(), alphas.row(y).begin(), row.begin(), [](Rgb color, const Rgb& alpha) {
+            color.alpha = alpha.alpha;
+            return color;
+        });
+    });
+    return shaded;
 }
 
 } // namespace Ostrel::Gallery

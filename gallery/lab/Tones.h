@@ -1,10 +1,14 @@
 #pragma once
 
+#include <OstrelLib/Bitmap.h>
 #include <OstrelLib/Color.h>
 #include <OstrelLib/Curve.h>
 #include <OstrelLib/Types.h>
 
+#include "lab/Shading.h"
+
 #include <array>
+#include <utility>
 
 namespace Ostrel::Gallery {
 
@@ -14,8 +18,25 @@ enum class PictureValues {
     LIGHT,  ///< amounts of light, from 0 up without a limit
 };
 
+/// How bright a linear colour is: Y of ITU-R BT.709.
+[[nodiscard]] constexpr float getLuminance(const Rgb& color) noexcept {
+    return 0.2126F * color.red + 0.7152F * color.green + 0.0722F * color.blue;
+}
+
 /// The stored value, 0 to 1, of an amount of light: the transfer curve of sRGB, IEC 61966-2-1. NaN counts as 0.
 [[nodiscard]] float encodeSrgb(float light);
+[[nodiscard]] Rgb encodeSrgb(const Rgb& light);
+
+/// The inverse: the light of a stored colour. Below 0 it is 0; alpha stays.
+[[nodiscard]] Rgb decodeSrgb(const Rgb& stored);
+
+/// The factors that make what is `white` grey, without changing its luminance. At most `MOST_BALANCE` either way, and
+/// all 1 for what has no luminance, or an infinite one.
+constexpr float MOST_BALANCE = 16.0F;
+[[nodiscard]] Rgb getWhiteBalance(const Rgb& white);
+
+/// The picture with all colours multiplied by these; the picture itself if all are 1.
+[[nodiscard]] SharedPtr<const BitmapImpl<Rgb>> balance(SharedPtr<const BitmapImpl<Rgb>> picture, const Rgb& factors);
 
 /// What a picture value looks like once the curves have been applied: first the colour's own curve, then Master over
 /// the whole, which is the order of most programs that have such curves; light is encoded for the screen after that. A
@@ -28,13 +49,12 @@ enum class PictureValues {
 /// to 1 between points 41 cells apart, which is 0.01 from 0 to 4, and less with the square of their distance. Light
 /// adds to it where the curve rises out of black, at which the encoding bends: a fifth of a byte for each unit of the
 /// curve's slope, in that one cell. A step is as wide as one cell.
-class ToneTables {
+class ToneTables : public Shading {
 public:
     ToneTables(const ColorCurve& curves, PictureValues values);
 
-    /// The shown colours, opaque, of as many values; both may be the same memory. Not clamped: curves may leave [0, 1].
-    /// NaN counts as a value before the first point.
-    void apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept;
+    /// Curves may leave [0, 1]. NaN counts as a value before the first point.
+    void apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept override;
 
 private:
     /// What becomes of a range of values.
@@ -61,5 +81,35 @@ private:
 
     std::array<Table, 3> _tables;
 };
+
+/// The same without tables, for files that tell finer steps apart than a screen.
+class ExactTones : public Shading {
+public:
+    ExactTones(ColorCurve curves, PictureValues values)
+        : _curves(std::move(curves))
+        , _values(values) {}
+
+    void apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept override;
+
+private:
+    ColorCurve _curves;
+    PictureValues _values;
+};
+
+/// The light of what a picture holds.
+class Light : public Shading {
+public:
+    explicit Light(PictureValues values)
+        : _values(values) {}
+
+    void apply(ArrayView<const Rgb> values, ArrayView<Rgb> shown) const noexcept override;
+
+private:
+    PictureValues _values;
+};
+
+/// What becomes of a whole picture. Alpha is that of `alphas`, which has the same size.
+[[nodiscard]] BitmapImpl<Rgb> shade(const BitmapImpl<Rgb>& values, const Shading& shading,
+                                    const BitmapImpl<Rgb>& alphas);
 
 } // namespace Ostrel::Gallery
