@@ -31,6 +31,10 @@ bool isWritten(ImageFormat format) {
     return std::find(std::begin(WRITTEN_FORMATS), std::end(WRITTEN_FORMATS), format) != std::end(WRITTEN_FORMATS);
 }
 
+ImageFormat findFitting(ImageColorFormat colorFormat) {
+    return canHold(ImageFormat::PNG, colorFormat) ? ImageFormat::PNG : ImageFormat::TIFF; // which holds everything
+}
+
 template <class Integer>
 Integer toInteger(float channel) {
     constexpr auto LARGEST = static_cast<float>(std::numeric_limits<Integer>::max());
@@ -265,14 +269,11 @@ Path fitExtension(const Path& path, ImageColorFormat colorFormat) {
     if (named && isWritten(*named) && canHold(*named, colorFormat)) {
         return path;
     }
-    const auto* const fitting =
-        std::find_if(std::begin(WRITTEN_FORMATS), std::end(WRITTEN_FORMATS),
-                     [colorFormat](ImageFormat format) { return canHold(format, colorFormat); });
     std::filesystem::path fitted = path.native();
     if (named) {
         fitted.replace_extension();
     }
-    fitted += Path(getImageFormatDescriptor(*fitting).extensions.front()).native();
+    fitted += Path(getImageFormatDescriptor(findFitting(colorFormat)).extensions.front()).native();
     return Path(std::move(fitted));
 }
 

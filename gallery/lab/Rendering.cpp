@@ -63,7 +63,7 @@ Rendering::Picture Rendering::takePicture() {
             _last = std::move(result);
         }
     }
-    const Picture newest = _trial ? _trial->getResult().picture : _last.picture;
+    Picture newest = _trial ? _trial->getResult().picture : _last.picture;
     if (_trial && newest && _wanted != _tried) {
         beginTrial();
     }

@@ -1,13 +1,13 @@
 #include "EventLog.h"
 #include "LabCallbacks.h"
 #include "Page.h"
+#include "PickedColors.h"
 #include "Picture.h"
 #include "PictureView.h"
 #include "lab/PictureFile.h"
 #include "lab/Rendering.h"
 #include "lab/Tones.h"
 
-#include <OstrelLibWx/BitmapUtils.h>
 #include <OstrelLibWx/FileDialogs.h>
 #include <OstrelLibWx/MessageDialog.h>
 #include <OstrelLibWx/TaskbarProgress.h>
@@ -19,14 +19,10 @@
 #include <OstrelLibWx/widgets/Tooltip.h>
 
 #include <wx/timer.h>
-#include <wx/utils.h>
 #include <wx/weakref.h>
 
-#include <algorithm>
-#include <array>
-#include <cmath>
 #include <map>
-#include <numeric>
+#include <utility>
 
 namespace Ostrel::Gallery {
 
@@ -48,12 +44,6 @@ constexpr const char* SHOWS[] = {"Picture", "Luminance...", "Depth..."};
 // What false colours begin with: the usual light, and the distances of the spheres, fill the gradient.
 constexpr float LUMINANCE_SCALE = 1.0F;
 constexpr float DEPTH_SCALE = 0.08F;
-
-/// A colour that an eye dropper took from the picture: what the screen showed, and the picture's own value there.
-struct PickedColor {
-    Rgb shown;
-    Rgb value;
-};
 
 /// A picture, and what is done with it: rendered, corrected, probed, shown in false colours, and saved.
 class LabPage : public Page {
@@ -117,6 +107,7 @@ public:
         if (found == _keys.end()) {
             return false;
         }
+        hideProbe();
         const Function<void()> press = found->second; // may show a dialog, behind which the page may go
         press();
         return true;
@@ -313,7 +304,7 @@ private:
 
     void probe(wxPoint position) {
         _probed = position;
-        if (!_probing->isToggled() || _view->HasCapture() || !_view->getPixel({position.x, position.y})) {
+        if (!_probing->isToggled() || !_original || _view->HasCapture() || !_view->getPixel({position.x, position.y})) {
             _probe->Hide();
             return;
         }
@@ -581,7 +572,10 @@ private:
             _falseColorPlace = position;
             _falseColorDialog = nullptr;
         };
-        const auto getScale = [this] { return getScaleToFit(_show == Shown::DEPTH ? *getDepth() : *_balanced); };
+        const auto getScale = [this] {
+            const SharedPtr<const BitmapImpl<Rgb>>& channel = _show == Shown::DEPTH ? getDepth() : _balanced;
+            return channel ? getScaleToFit(*channel) : 1.0F;
+        };
         const auto callbacks = std::make_shared<FalseColorCallbacks>(
             FalseColorCallbacks::Host{onChanged, getScale, onClosed, getMapping()});
         _falseColorDialog = new Wx::VolumeGridMappingDialog(
@@ -685,60 +679,11 @@ private:
     }
 
     void setWhite(const Rgb& color) {
-        const Optional<Rgb> picked = findPicked(color);
+        const Optional<Rgb> picked = _picture ? _picked.find(color, *_view, *_picture) : Optional<Rgb>();
         const Rgb light = _values == PictureValues::LIGHT ? decodeSrgb(color) : color;
         _balance = getWhiteBalance(picked.value_or(light));
         updateBalance();
         updateHistograms();
-    }
-
-    /// The picture's own value, if an eye dropper has just taken this colour from it, or had before: what the screen
-    /// shows has been balanced already and put through the curves.
-    Optional<Rgb> findPicked(const Rgb& color) {
-        if (const Optional<Rgb> value = readPicked(color)) {
-            _picked.push_back({color, *value});
-        }
-        const auto found = std::find_if(_picked.rbegin(), _picked.rend(),
-                                        [&color](const PickedColor& picked) { return picked.shown == color; });
-        return found != _picked.rend() ? Optional<Rgb>(found->value) : Optional<Rgb>();
-    }
-
-    /// An eye dropper tells of its colour while it still holds the mouse, whose button has come up.
-    Optional<Rgb> readPicked(const Rgb& color) const {
-        const wxMouseState mouse = wxGetMouseState();
-        const wxPoint inView = _view->ScreenToClient(mouse.GetPosition());
-        wxWindow* const holder = wxWindow::GetCapture();
-        const auto* const picker = dynamic_cast<Wx::ColorPicker*>(wxGetTopLevelParent(holder));
-        if (picker == nullptr || mouse.LeftIsDown() || !_view->getPixel({inView.x, inView.y}) ||
-            wxFindWindowAtPoint(mouse.GetPosition()) != _view) {
-            return {};
-        }
-        const int radius = picker->getEyeDropperAveragingRadius();
-        const Pixel middle{mouse.GetX(), mouse.GetY()};
-        const BitmapImpl<Rgb> screen =
-            Wx::getScreenRegionColors({middle - Pixel{radius, radius}, middle + Pixel{radius + 1, radius + 1}});
-        const Rgb shown = std::accumulate(screen.data(), screen.data() + screen.size(), Rgb{0, 0, 0, 0}) /
-                          static_cast<float>(std::max<std::size_t>(screen.size(), 1));
-        constexpr float HALF_A_BYTE = 0.5F / 255.0F;
-        if (std::abs(shown.red - color.red) > HALF_A_BYTE || std::abs(shown.green - color.green) > HALF_A_BYTE ||
-            std::abs(shown.blue - color.blue) > HALF_A_BYTE) {
-            return {}; // of another control: a slider that the pointer has left, or the inverse
-        }
-        return getMean({inView.x, inView.y}, radius);
-    }
-
-    /// Of the picture itself in that square of the view.
-    [[nodiscard]] Rgb getMean(Pixel middle, int radius) const {
-        Rgb sum{0.0F, 0.0F, 0.0F, 0.0F};
-        for (int y = middle.y - radius; y <= middle.y + radius; ++y) {
-            for (int x = middle.x - radius; x <= middle.x + radius; ++x) {
-                if (const Optional<Pixel> pixel = _view->getPixel({x, y})) {
-                    const Rgb& value = (*_picture)(pixel->x, pixel->y);
-                    sum = sum + Rgb{value.red, value.green, value.blue, 1.0F};
-                }
-            }
-        }
-        return sum / std::max(sum.alpha, 1.0F);
     }
 
     WindowHandle getOwner() { return Wx::getWindowNativeHandle(wxGetTopLevelParent(this)); }
@@ -770,7 +715,7 @@ private:
     SharedPtr<const BitmapImpl<Rgb>> _balanced; ///< that with its white point
     SharedPtr<const BitmapImpl<Rgb>> _depth;    ///< null until it is asked for
     Rgb _balance{1.0F, 1.0F, 1.0F};
-    Array<PickedColor> _picked;
+    PickedColors _picked;
     bool _isPickerPlaced = false;
     Path _file = "picture";
 
