@@ -52,7 +52,7 @@ public:
         : Page(context, "Lab",
                "What it is all for: a picture, rendered as you look or given with --picture FILE. The wheel zooms and "
                "a drag moves it. Curves correct it, from within the picture too while Pick is on, and its colours are "
-               "behind the three swatches.")
+               "behind the swatches.")
         , _isRendered(!context.picture.isFromFile)
         , _name(context.picture.name)
         , _values(_isRendered ? PictureValues::LIGHT : PictureValues::STORED) {
