@@ -263,7 +263,13 @@ private:
 
     void awaitRendering() {
         _timer.Start(LOOK_INTERVAL_MS);
+        showProgress();
         takeRendering();
+    }
+
+    void showProgress() {
+        _render->SetLabel(_rendering->isRunning() ? "Stop..." : "Render");
+        updateStatus();
     }
 
     void takeRendering() {
@@ -277,10 +283,9 @@ private:
             updateHistograms(); // otherwise the panel asks by itself
             _save->Enable(true);
         }
-        _render->SetLabel(_rendering->isRunning() ? "Stop..." : "Render");
-        updateStatus();
         if (!isAwaited) {
             _timer.Stop();
+            showProgress();
         }
     }
 
