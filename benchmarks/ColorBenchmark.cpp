@@ -181,7 +181,7 @@ void repaint(benchmark::State& state, const Make& make, const Change& change) {
 
 Wx::ColorSlider* makeSlider(wxWindow* parent) {
     return new Wx::ColorSlider(
-        [](float position, float) {
+        [](float position) {
             return Rgb{position, COLOR.green, COLOR.blue};
         },
         parent, wxSize(200, 15));

@@ -23,10 +23,12 @@ TEST(SliderMarker, LiesWhereTheMouseIsAtEveryPixel) {
     }
 }
 
-TEST(SliderNumber, IsOneInAnEmptyRangeAndWithoutAPosition) {
+TEST(SliderNumber, GoesThereAndBackAndIsOneWithoutARangeOrAPosition) {
     EXPECT_EQ(computeSliderNumber(0.5F, {7, 7}, {}), 7.0F);
     EXPECT_EQ(computeSliderPosition(7, {7, 7}, {}), 0.0F);
     EXPECT_EQ(computeSliderNumber(std::nanf(""), {3, 9}, {}), 3.0F);
+    EXPECT_EQ(computeSliderNumber(0.5F, {1700, 15000}, {}), 8350.0F);
+    EXPECT_EQ(computeSliderPosition(8350.0F, {1700, 15000}, {}), 0.5F);
 }
 
 TEST(Field, ShowsTheColourOfEachPixel) {

@@ -68,8 +68,8 @@ TEST(ColorState, KnowsWhichStripsChange) {
         for (const ColorStrip strip : ALL_STRIPS) {
             bool same = true;
             for (const float position : {0.0F, 0.4F, 1.0F}) {
-                same = same && toRgbBytes(before.getStripColor(strip, position, 5000)) ==
-                                   toRgbBytes(after.getStripColor(strip, position, 5000));
+                same = same && toRgbBytes(before.getStripColor(strip, position)) ==
+                                   toRgbBytes(after.getStripColor(strip, position));
             }
             EXPECT_EQ(before.hasSameStrip(strip, after), same)
                 << static_cast<int>(edited) << " on " << static_cast<int>(strip);

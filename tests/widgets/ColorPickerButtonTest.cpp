@@ -120,6 +120,16 @@ TEST_F(SwatchPicker, PreviewsAndCommitsAndCancelTakesBack) {
     EXPECT_EQ(shown(), (PixelColour{0, 255, 0}));
 }
 
+TEST_F(SwatchPicker, LeavesAColourThatTheHostHasSetMeanwhileAndComesBackToTheScreen) {
+    clickAndWork({[this] {
+        button->setColor(BRIGHT, false);
+        picker()->Move(-3000, -3000);
+        return picker()->Close();
+    }});
+    EXPECT_EQ(shown(), (PixelColour{255, 0, 64}));
+    clickAndWork({[] { return picker()->GetPosition().x >= 0 && picker()->Close(); }});
+}
+
 TEST_F(SwatchPicker, StaysShutWhenThePressIsTakenAwayAndEndsWithTheButton) {
     press();
     loseCapture(*button);

@@ -6,6 +6,7 @@
 #include <OstrelLibWx/widgets/Spinner.h>
 #include <OstrelLibWx/widgets/StaticText.h>
 #include <OstrelLibWx/widgets/TextControl.h>
+#include <OstrelLibWx/widgets/Tooltip.h>
 
 #include "models/ColorState.h"
 #include "widgets/ColorDisplay.h"
@@ -18,6 +19,8 @@
 
 #include <wx/choice.h>
 #include <wx/radiobut.h>
+
+#include <map>
 
 namespace Ostrel::Wx {
 namespace {
@@ -44,8 +47,8 @@ protected:
         getAccessor().setRange(ColorPickerRange::UP_TO_255);
         WidgetTest::TearDown();
     }
-    void build(ColorPicker::ColorFormat format = WITH_ALPHA, ColorPicker::DialogType type = CONFIRM) {
-        dialog = new ColorPicker(&frame(), "Title", wxPoint(140, 130), START, type, format);
+    void build(wxWindow* parent, ColorPicker::ColorFormat format = WITH_ALPHA, ColorPicker::DialogType type = CONFIRM) {
+        dialog = new ColorPicker(parent, "Title", wxPoint(140, 130), START, type, format);
         tested = dialog.get();
         dialog->onColorChanged = [this](const Rgb& color) { heard("changed " + describe(color)); };
         dialog->onColorAccepted = [this](const Rgb& color) { heard("accepted " + describe(color)); };
@@ -57,7 +60,7 @@ protected:
         dialog->onAfterReset = [this] { heard("after reset"); };
     }
     void open(ColorPicker::ColorFormat format = WITH_ALPHA, ColorPicker::DialogType type = CONFIRM) {
-        build(format, type);
+        build(&frame(), format, type);
         dialog->Show();
         ASSERT_TRUE(pumpUntil([this] { return isUp(*dialog); }));
         settle();
@@ -76,6 +79,7 @@ protected:
         throw std::logic_error("no such child");
     }
     ColorSliderWithSpinner& row(int index) { return child<ColorSliderWithSpinner>(index); }
+    ColorSlider& slider(ColorStrip strip) { return row(static_cast<int>(strip)).getSlider(); }
     wxTextCtrl& text(int index) {
         const wxWindow* const spinnerFrame = row(index).getSpinner().GetChildren().GetFirst()->GetData();
         return *static_cast<wxTextCtrl*>(spinnerFrame->GetChildren().GetFirst()->GetData());
@@ -111,6 +115,14 @@ protected:
         EXPECT_NEAR(child<ColorSlider>().getPosition(), state.getHwb().whiteness, 1e-5F);
         EXPECT_EQ(describe(child<ColorDisplay>(1).getColor()), describe(state.getColor()));
         EXPECT_EQ(hex().GetValue(), wxString(formatHexColor(state.getColor()).toWide()));
+    }
+
+    void expectFieldFilled() {
+        const HwbSlice& slice = child<HwbSlice>();
+        const wxSize size = slice.GetSize();
+        EXPECT_EQ(slice.GetRect().GetBottom(), child<ColorDisplay>(1).GetRect().GetBottom());
+        const wxImage image = paintOffScreen(size, [&](wxDC& dc) { slice.paint(dc); });
+        EXPECT_LE(pixelAt(image, size.x - 1, size.y - 1).red, 1);
     }
 
     enum { RESET, CONFIRMING, CANCELLING }; // buttons, in the order in which they are made
@@ -158,19 +170,34 @@ TEST_F(ColorPickerTest, ShowsEachEditInAllViews) {
     text(0).SetFocus();
     EXPECT_TRUE(pumpUntil([this] { return log.back() == "typed"; }));
     expectShown(state, "text");
+    moveFocus(&child<CheckBox>(), MoveFocusDirection::FORWARD);
+    EXPECT_TRUE(pumpUntil([this] { return hex().HasFocus(); }));
 }
 
 TEST_F(ColorPickerTest, TellsItsOwnerInOrder) {
     using Log = std::vector<std::string>;
     const Log cancelled{"changed 25 50 75 50", "cancel", "close"};
     // What is typed, and not set yet, counts when the dialog is accepted.
+    const Log accepted{"changed 80 50 75 50", "accepted 80 50 75 50", "close"};
+    const auto clickBoth = [this] {
+        child<Button>(RESET).doClick({});
+        child<Button>(CONFIRMING).doClick({});
+    };
+    const auto leaveAndConfirm = [this] {
+        child<CheckBox>().SetFocus();
+        input().Char(WXK_RETURN);
+    };
     const std::pair<std::function<void()>, Log> ways[] = {
-        {[this] { startClick(CONFIRMING); }, {"changed 80 50 75 50", "accepted 80 50 75 50", "close"}},
+        {[this] { startClick(CONFIRMING); }, accepted},
+        {[this] { input().Char(WXK_RETURN, wxMOD_CONTROL); }, accepted},
+        {leaveAndConfirm, accepted},
+        {clickBoth,
+         {"changed 80 50 75 50", "reset", "changed 25 50 75 50", "after reset", "accepted 25 50 75 50", "close"}},
         {[this] { startClick(CANCELLING); }, cancelled},
         {[this] { dialog->Close(); }, cancelled},
         {[this] { input().Char(WXK_ESCAPE); }, cancelled}};
     for (const auto& [end, expected] : ways) {
-        build();
+        build(&frame());
         const auto type = [this] { text(0).SelectAll(), input().Text("204"); };
         const ModalDriver driver(
             {[&] { return ModalDriver::findActive<ColorPicker>() != nullptr && (text(0).SetFocus(), true); },
@@ -178,6 +205,8 @@ TEST_F(ColorPickerTest, TellsItsOwnerInOrder) {
              [&] { return text(0).GetValue() == "204" && (end(), true); }});
         dialog->ShowModal();
         EXPECT_EQ(dialog->getCloseResult(), expected == cancelled ? wxCANCEL : wxOK);
+        dialog->ShowWithoutActivating();
+        EXPECT_EQ(dialog->getCloseResult(), wxCANCEL);
         destroy();
         EXPECT_EQ(log, expected);
         log.clear();
@@ -194,6 +223,10 @@ TEST_F(ColorPickerTest, AddsColoursAndResets) {
     log.clear();
     dialog->setReferenceColor({0, 1, 0, 0.3F});
     EXPECT_EQ(describe(child<ColorDisplay>(0).getColor()), describe(dialog->getColor()));
+    dialog->onCancel = [this] {
+        heard("cancel");
+        dialog->Close();
+    };
     dialog->Close();
     EXPECT_THAT(log, ElementsAre("changed 0 100 0 30", "cancel", "close"));
     EXPECT_FALSE(dialog->IsShown());
@@ -223,13 +256,14 @@ TEST_F(ColorPickerTest, KeepsSpaceAndRangeInTheAccessor) {
     struct Own : ColorPicker::IGlobalStateAccessor {
         ~Own() override { *told += "destroyed"; }
         void setSpace(ColorPickerSpace space) override { *told += std::to_string(static_cast<int>(space)) + " "; }
-        ColorPickerSpace getSpace() override { return ColorPickerSpace::SRGB; }
+        ColorPickerSpace getSpace() override { return *kept; }
         void setRange(ColorPickerRange range) override { *told += std::to_string(static_cast<int>(range)) + " "; }
         ColorPickerRange getRange() override { return ColorPickerRange::PERCENT; }
         std::string* told{};
+        const ColorPickerSpace* kept{};
     };
     const auto expectOptions = [this](ColorPickerSpace space, ColorPickerRange range) {
-        build();
+        build(&frame());
         EXPECT_EQ(dialog->getSpace(), space);
         EXPECT_EQ(child<CheckBox>().getValue(), space == ColorPickerSpace::SRGB);
         EXPECT_TRUE(child<wxRadioButton>(static_cast<int>(range)).GetValue());
@@ -244,8 +278,12 @@ TEST_F(ColorPickerTest, KeepsSpaceAndRangeInTheAccessor) {
     std::string told;
     auto own = std::make_unique<Own>();
     own->told = &told;
+    ColorPickerSpace space = ColorPickerSpace::SRGB;
+    own->kept = &space;
     ColorPicker::setGlobalStateAccessor(std::move(own));
     expectOptions(ColorPickerSpace::SRGB, ColorPickerRange::PERCENT);
+    space = static_cast<ColorPickerSpace>(2);
+    EXPECT_THROW(build(&frame()), Detail::StopException);
     ColorPicker::setGlobalStateAccessor({});
     EXPECT_EQ(told, "0 1 destroyed");
     expectOptions(ColorPickerSpace::LINEAR, ColorPickerRange::UP_TO_1);
@@ -297,10 +335,55 @@ TEST_F(ColorPickerTest, MayBeDestroyedByAnyOfItsCallbacks) {
                                        {"after", RESET}}) {
         destroyAt = when;
         open();
+        type(text(0), "204");
         clickButton(button);
         EXPECT_TRUE(pumpUntil([this] { return !dialog; })) << when;
         EXPECT_TRUE(log.back().starts_with(when)) << log.back();
     }
+}
+
+TEST_F(ColorPickerTest, EndsItsModalLoopBeforeItIsDestroyed) {
+    frame().Hide(); // the toolkit hides no last window that is destroyed
+    for (const bool byItsParent : {false, true}) {
+        auto* const host = byItsParent ? new wxFrame(nullptr, wxID_ANY, "Host") : nullptr;
+        if (byItsParent) {
+            host->Show();
+        }
+        build(host);
+        const auto pick = [this] {
+            wxMouseEvent down(wxEVT_LEFT_DOWN);
+            down.SetEventObject(&child<EyeDropperButton>());
+            child<EyeDropperButton>().ProcessWindowEvent(down);
+            return child<EyeDropperButton>().isPicking();
+        };
+        const auto destroyOne = [&] { return byItsParent ? host->Destroy() : dialog->Destroy(); };
+        const ModalDriver driver({[] { return ModalDriver::findActive<ColorPicker>() != nullptr; }, pick, destroyOne});
+        EXPECT_EQ(dialog->ShowModal(), wxID_CANCEL);
+        EXPECT_TRUE(pumpUntil([this] { return !dialog; }));
+        EXPECT_EQ(wxWindow::GetCapture(), nullptr);
+        EXPECT_TRUE(log.empty());
+    }
+    frame().Show();
+}
+
+TEST_F(ColorPickerTest, PaintsOnlyWhatADragChanges) {
+    open();
+    dialog->setColor({0.2F, 1, 1}); // red changes the saturation alone
+    settle();
+    std::map<wxWindow*, int> painted;
+    for (wxWindow* const window : std::initializer_list<wxWindow*>{
+             &child<HwbSlice>(), &slider(HUE), &slider(TEMPERATURE), &slider(RED), &slider(GREEN)}) {
+        window->Bind(wxEVT_PAINT, [&painted, window](wxPaintEvent& event) {
+            ++painted[window];
+            event.Skip();
+        });
+    }
+    press(slider(RED), wxPoint(80, 5));
+    dragTo(slider(RED), wxPoint(120, 5));
+    EXPECT_TRUE(pumpUntil([&] { return painted.contains(&slider(GREEN)); }));
+    releaseButton();
+    settle();
+    EXPECT_EQ(painted.size(), 2u) << "the marker's own strip, and those whose colours are others";
 }
 
 TEST_F(ColorPickerTest, ShowsColoursThatAreNone) {
@@ -317,18 +400,53 @@ TEST_F(ColorPickerTest, ShowsColoursThatAreNone) {
     }
 }
 
-TEST_F(ColorPickerTest, IsLaidOutWithoutGapsAndClipping) {
-    open();
-    for (const wxWindow* const window : dialog->GetChildren()) {
-        const wxSize needed = dynamic_cast<const StaticText*>(window) != nullptr ? window->GetBestSize() : wxSize();
-        EXPECT_TRUE(window->IsTopLevel() || dialog->GetClientRect().Contains(window->GetRect())) << window->GetName();
-        EXPECT_TRUE(window->GetSize().x >= needed.x && window->GetSize().y >= needed.y) << window->GetLabel();
+/// Its kind, its label, and the beginning and the length of its tooltip.
+std::string describe(const wxWindow& window) {
+    std::string text = (window.GetName() + " " + window.GetLabel()).ToStdString();
+    for (const wxWindow* const child : window.GetChildren()) {
+        if (const auto* const tooltip = dynamic_cast<const Tooltip*>(child)) {
+            std::string lines;
+            for (const String& line : tooltip->getLines()) {
+                lines += line.toUtf8() + ' ';
+            }
+            text += ": " + lines.substr(0, 10) + "... " + std::to_string(lines.size() - 1);
+        }
     }
-    const HwbSlice& slice = child<HwbSlice>();
-    const wxSize size = slice.GetSize();
-    EXPECT_GE(size.y, scaleByDpi(234));
-    EXPECT_EQ(slice.GetRect().GetBottom(), child<ColorDisplay>(1).GetRect().GetBottom());
-    EXPECT_LE(pixelAt(pictureOf(slice), size.x - 1, size.y - 1).red, 1) << "all of it is filled";
+    return text + "\n";
+}
+
+TEST_F(ColorPickerTest, IsMadeOfItsPartsInOrder) {
+    const std::string range = ": Sets the r... 188\n";
+    for (const bool alpha : {false, true}) {
+        open(alpha ? WITH_ALPHA : WITHOUT_ALPHA);
+        std::string parts;
+        for (const wxWindow* const window : dialog->GetChildren()) {
+            parts += describe(*window);
+            EXPECT_TRUE(dialog->GetClientRect().Contains(window->GetRect())) << parts;
+            EXPECT_TRUE(dynamic_cast<const StaticText*>(window) == nullptr ||
+                        wxRect(window->GetSize()).Contains(wxRect(window->GetBestSize())))
+                << parts;
+        }
+        EXPECT_EQ(parts, std::string("HwbSlice \nColorSlider \npanel \npanel \npanel \n") + (alpha ? "panel \n" : "") +
+                             "panel \npanel \npanel \npanel \nEyeDropperButton : Pick Color... 203\n"
+                             "EyeDropperButton : Pick Inver... 297\nchoice \nradioButton 0-255" +
+                             range + "radioButton 0-1" + range + "radioButton 0-100%" + range +
+                             "control sRGB: Selects wh... 481\n"
+                             "HexColorEdit \nColorDisplay \nColorDisplay \nstaticText Hue\nstaticText Whiteness\n"
+                             "staticText B\nl\na\nc\nk\nn\ne\ns\ns\nstaticText Red:\nstaticText Green:\n"
+                             "staticText Blue:\n" +
+                             (alpha ? "staticText Alpha:\n" : "") +
+                             "staticText Hue:\nstaticText Sat:\nstaticText Value:\nstaticText Temp. [K]:\n"
+                             "staticText Hex color:\nButton Reset\nButton OK\nButton Cancel\n");
+        const int side = alpha ? 234 : 215;
+        EXPECT_EQ(child<HwbSlice>().GetMinSize(), scaleByDpi(wxSize(side, side)));
+        EXPECT_EQ(child<ColorSlider>().GetMinSize(), scaleByDpi(wxSize(23, 194)));
+        for (const auto& [button, width] : {std::pair{RESET, 40}, {CONFIRMING, 120}, {CANCELLING, 120}}) {
+            EXPECT_EQ(child<Button>(button).GetMinSize(), scaleByDpi(wxSize(width, 24)));
+        }
+        expectFieldFilled();
+        destroy();
+    }
 }
 
 } // namespace

@@ -90,11 +90,15 @@ TEST_F(GradientMouse, EndsADragThatIsTakenAwayAndMayDestroyTheControl) {
 }
 
 TEST_F(GradientPicker, RecoloursAPointAndCancelBringsItsVeryColourBack) {
+    getAccessor().setRange(ColorPickerRange::PERCENT); // later than the picker was made
     edit(handle(0.5F), [this] {
+        EXPECT_EQ(picker()->getRange(), ColorPickerRange::PERCENT);
         picker()->onColorChanged(RED);
         EXPECT_EQ(told.back().getPoints()[1].color, rgbToHsv(RED));
         picker()->Close();
     });
+    EXPECT_EQ(getAccessor().getRange(), ColorPickerRange::PERCENT);
+    getAccessor().setRange(ColorPickerRange::UP_TO_255);
     EXPECT_EQ(point(1).color, HUED_GREY);
     EXPECT_EQ(told.back(), control->getGradient());
     edit(strip(0.25F), [] {

@@ -22,10 +22,13 @@ namespace Ostrel::Wx {
 ///
 /// Show it with `ShowModal`, and learn what the user did from the callbacks below; `ShowModal`'s own result says
 /// nothing. The toolkit's `Show` works too; the dialog is then hidden when it is closed, and destroying it is the
-/// host's. Any callback may destroy the dialog with `Destroy`; what would have followed is then left out.
+/// host's. Any callback may destroy the dialog with `Destroy`; what would have followed is then left out. A dialog that
+/// is shown modally may lose its parent as well: either way `ShowModal` returns first, with `wxID_CANCEL`, and the
+/// dialog is destroyed then.
 ///
 /// Escape closes the dialog as "Cancel" does, but where an eye dropper is picking: there it ends the picking alone.
-/// Enter sets a number that was typed and closes nothing.
+/// Enter in a text field sets the number that was typed there; elsewhere, and with Ctrl everywhere, it presses the
+/// confirming button.
 class OSTREL_WX_API ColorPicker : public wxDialog {
 public:
     using Space = ColorPickerSpace;
@@ -110,7 +113,11 @@ public:
     /// anew.
     [[nodiscard]] int getCloseResult() const;
 
-    bool Show(bool show = true) override;
+    /// Works the dialog until it is closed, or destroyed.
+    int ShowModal() override;
+
+    /// While the dialog is shown modally, ends that without a word to the owner, and destroys the dialog afterwards.
+    bool Destroy() override;
 
     /// Has space and range kept there by all dialogs of the process; destroys the accessor that was installed before.
     /// An empty pointer brings the default back, which keeps both until the process ends and starts with sRGB numbers
@@ -119,6 +126,8 @@ public:
 
 private:
     struct Impl;
+
+    void onParentDestroyed(wxWindowDestroyEvent& event);
 
     AutoPtr<Impl> _impl;
 };

@@ -55,7 +55,7 @@ public:
 
 private:
     struct Impl;
-    class DropTarget;
+    friend class ColorPickerButtonDropTarget;
 
     void onMouseDown(wxMouseEvent& event);
     void onMouseLeft(wxMouseEvent& event);

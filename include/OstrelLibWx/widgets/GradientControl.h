@@ -48,6 +48,9 @@ public:
     /// Disabling ends a drag.
     bool Enable(bool enable = true) override;
 
+    /// The keyboard passes the control by.
+    [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
+
     /// Draws the control as it is now, at its present size, onto a screen's or a bitmap's device context.
     void paint(wxDC& dc) const;
 

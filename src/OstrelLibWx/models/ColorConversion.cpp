@@ -15,7 +15,6 @@ namespace {
 constexpr float BLACK_MARGIN = 0.0001F;
 
 constexpr float WHITE_KELVIN = 6500.0F;
-constexpr float ENCODING_POWER = 0.45454544F; // 1/2.2
 
 /// From the tristimulus values to linear red, green and blue with the white D65 (IEC 61966-2-1).
 constexpr std::array<std::array<float, 3>, 3> XYZ_TO_RGB{{
@@ -38,7 +37,7 @@ Rgb computeBlackbodyRgb(float kelvin) {
 }
 
 float encode(float channel) {
-    return std::clamp(std::pow(std::max(channel, 0.0F), ENCODING_POWER), 0.0F, 1.0F);
+    return limitFraction(std::pow(std::max(channel, 0.0F), ENCODING_POWER));
 }
 
 } // namespace

@@ -7,6 +7,18 @@
 
 namespace Ostrel::Wx {
 
+/// A whole turn of the hues.
+constexpr float HUE_DEGREES = 360.0F;
+
+/// From linear channels to those that a screen takes: 1/2.2. Pure, and not the curve of IEC 61966-2-1: see
+/// `mapLinearSpace`.
+constexpr float ENCODING_POWER = 0.45454544F;
+
+/// Limited to [0, 1]; NaN is 0.
+[[nodiscard]] constexpr float limitFraction(float fraction) noexcept {
+    return !(fraction > 0.0F) ? 0.0F : fraction < 1.0F ? fraction : 1.0F;
+}
+
 /// Hue in degrees; whiteness and blackness in [0, 1] for colours within [0, 1] (A. R. Smith and E. R. Lyons, "HWB: A
 /// More Intuitive Hue-Based Color Model", Journal of Graphics Tools 1, 1996).
 struct Hwb {

@@ -1,5 +1,7 @@
 #include "models/ColorSliderLayout.h"
 
+#include "models/ColorConversion.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -8,16 +10,9 @@ namespace Ostrel::Wx {
 
 namespace {
 
-constexpr float DEGREES = 360.0F;
-
-/// Limited to [0, 1]; what is no number is 0.
-float limit(float fraction) {
-    return fraction > 0.0F ? std::min(fraction, 1.0F) : 0.0F;
-}
-
 /// The pixel at a fraction of the way to `last`.
 int toPixel(float fraction, int last) {
-    return static_cast<int>(std::lround(static_cast<double>(limit(fraction)) * std::max(last, 0)));
+    return static_cast<int>(std::lround(static_cast<double>(limitFraction(fraction)) * std::max(last, 0)));
 }
 
 /// What fraction of `length` a coordinate is; 0 where there is no length.
@@ -56,11 +51,11 @@ float getStripPosition(int pixel, int length) noexcept {
 }
 
 FieldPosition findFieldPosition(Pixel mouse, Pixel size) noexcept {
-    return {toFraction(mouse.x, size.x) * DEGREES, toFraction(mouse.y, size.y)};
+    return {toFraction(mouse.x, size.x) * HUE_DEGREES, toFraction(mouse.y, size.y)};
 }
 
 Pixel computeFieldMarker(FieldPosition position, Pixel size) noexcept {
-    return {toPixel(position.hue / DEGREES, size.x), toPixel(position.blackness, size.y)};
+    return {toPixel(position.hue / HUE_DEGREES, size.x), toPixel(position.blackness, size.y)};
 }
 
 ColorField::ColorField(Pixel size)
@@ -68,7 +63,7 @@ ColorField::ColorField(Pixel size)
     , _row(static_cast<std::size_t>(size.x)) {
     _darkening.reserve(_row.size());
     for (int x = 0; x < size.x; ++x) {
-        const float hue = static_cast<float>(x) / static_cast<float>(size.x) * DEGREES;
+        const float hue = static_cast<float>(x) / static_cast<float>(size.x) * HUE_DEGREES;
         _darkening.push_back(Rgb{1.0F, 1.0F, 1.0F} - hsvToRgb({hue, 1.0F, 1.0F}));
     }
 }

@@ -16,9 +16,7 @@ constexpr int LINE_OF_MAP = 862;
 constexpr int LINE_OF_SPACE = 872;
 constexpr int LINE_OF_RADIUS = 900;
 
-constexpr float DEGREES = 360.0F;
 constexpr float DECODING_POWER = 2.2F;
-constexpr float ENCODING_POWER = 0.45454544F; // 1/2.2
 
 } // namespace
 
@@ -91,11 +89,18 @@ void ColorState::edit(const Rgb& color) {
 }
 
 void ColorState::editStrip(ColorStrip strip, float position, float number) {
-    if (strip == ColorStrip::ALPHA) {
+    switch (strip) {
+    case ColorStrip::ALPHA:
         editAlpha(position);
-    } else {
-        edit(strip == ColorStrip::HUE ? hsvToRgb({position * DEGREES, _hsv.saturation, _hsv.value})
-                                      : getStripColor(strip, position, number));
+        break;
+    case ColorStrip::HUE: // the strip itself shows full colours
+        edit(hsvToRgb({position * HUE_DEGREES, _hsv.saturation, _hsv.value}));
+        break;
+    case ColorStrip::TEMPERATURE:
+        edit(temperatureToRgb(number));
+        break;
+    default:
+        edit(getStripColor(strip, position));
     }
 }
 
@@ -114,7 +119,7 @@ float ColorState::getPosition(ColorStrip strip) const {
     case ColorStrip::ALPHA:
         return _color.alpha;
     case ColorStrip::HUE:
-        return _hsv.hue / DEGREES;
+        return _hsv.hue / HUE_DEGREES;
     case ColorStrip::SATURATION:
         return _hsv.saturation;
     case ColorStrip::VALUE:
@@ -127,7 +132,7 @@ float ColorState::getPosition(ColorStrip strip) const {
     return 0.0F;
 }
 
-Rgb ColorState::getStripColor(ColorStrip strip, float position, float number) const {
+Rgb ColorState::getStripColor(ColorStrip strip, float position) const {
     switch (strip) {
     case ColorStrip::RED:
         return {position, _color.green, _color.blue};
@@ -141,13 +146,13 @@ Rgb ColorState::getStripColor(ColorStrip strip, float position, float number) co
         return {grey, grey, grey};
     }
     case ColorStrip::HUE:
-        return hsvToRgb({position * DEGREES, 1.0F, 1.0F});
+        return hsvToRgb({position * HUE_DEGREES, 1.0F, 1.0F});
     case ColorStrip::SATURATION:
         return hsvToRgb({_hsv.hue, position, _hsv.value});
     case ColorStrip::VALUE:
         return hsvToRgb({_hsv.hue, _hsv.saturation, position});
     case ColorStrip::TEMPERATURE:
-        return temperatureToRgb(number);
+        return temperatureToRgb(computeSliderNumber(position, TEMPERATURE_RANGE_KELVIN, {}));
     case ColorStrip::WHITE_SHARE:
         return hwbToRgb({_hwb.hue, position, _hwb.blackness});
     }

@@ -29,7 +29,9 @@ struct EyeDropperAveraging {
     const char* label;
 };
 
-constexpr std::array<EyeDropperAveraging, 5> EYE_DROPPER_AVERAGING_TABLE{{
+using EyeDropperAveragingTable = std::array<EyeDropperAveraging, 5>;
+
+constexpr EyeDropperAveragingTable EYE_DROPPER_AVERAGING_TABLE{{
     {0, "Point Sample"},
     {1, "3 by 3 Average"},
     {2, "5 by 5 Average"},
@@ -90,7 +92,8 @@ public:
     /// The tint that neutralizes a sample.
     void editNeutralizing(const Rgb& sample) { edit(computeNeutralizingTint(sample)); }
 
-    /// A strip's marker was moved. `number` is the one beside it; it counts for the temperature alone.
+    /// A strip's marker was moved. `number` is the one beside it; it counts for the temperature alone, which is not
+    /// found back exactly from its position.
     void editStrip(ColorStrip strip, float position, float number);
 
     void editField(FieldPosition position);
@@ -103,9 +106,8 @@ public:
 
     [[nodiscard]] FieldPosition getFieldPosition() const { return {_hwb.hue, _hwb.blackness}; }
 
-    /// The colour of a strip at a position. `number` is the one that belongs there; it counts for the temperature
-    /// alone.
-    [[nodiscard]] Rgb getStripColor(ColorStrip strip, float position, float number) const;
+    /// The colour of a strip at a position.
+    [[nodiscard]] Rgb getStripColor(ColorStrip strip, float position) const;
 
     /// Whether a strip has the same colours as in another state.
     [[nodiscard]] bool hasSameStrip(ColorStrip strip, const ColorState& other) const;

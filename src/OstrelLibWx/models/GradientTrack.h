@@ -22,12 +22,13 @@ struct GradientTrack {
         return {{getMargin(), 0}, {size.x - getMargin(), size.y - getMargin()}};
     }
 
-    /// The middle of the handle of a position. What lies outside `min` to `max` is at the nearer end; NaN, and all when
-    /// the two are equal, at the left one.
+    /// The middle of the handle of a position. What lies outside `min` to `max` is at the nearer end, and NaN at the
+    /// left one. When the two are equal, what is above them is at the right end and all else at the left one.
     [[nodiscard]] Pixel toPixel(float position) const noexcept;
 
     /// The position of a pixel of the strip and its neighbourhood, limited to [0, 1] whatever `min` and `max` are. The
-    /// strip counts as one pixel shorter than for the handles. Both are meant. Where there is no room it is 0.
+    /// strip counts as one pixel shorter than for the handles. Both are meant. Where there is no room it is any
+    /// position.
     [[nodiscard]] float toPosition(int x) const noexcept;
 
     /// The position whose colour the pixel shows.

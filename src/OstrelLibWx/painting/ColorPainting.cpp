@@ -17,9 +17,8 @@ constexpr int DEPTH = 24;
 constexpr std::size_t PIXEL_SIZE = 3;
 constexpr auto NATIVE_ORDER = Detail::getBitmapByteOrder<wxNativePixelFormat>();
 
-/// What writes one row of a bitmap: its bytes and its number.
-using RowWriter = Function<void(unsigned char*, int)>;
-
+/// @param write writes one row; takes its bytes and its number
+template <class RowWriter>
 void writeRows(wxBitmap& bitmap, const RowWriter& write) {
     wxNativePixelData data(bitmap);
     if (!data) {

@@ -25,4 +25,8 @@ inline Bucket toBucket(const wxRect& rectangle) {
     return {{rectangle.x, rectangle.y}, {rectangle.x + rectangle.width, rectangle.y + rectangle.height}};
 }
 
+inline wxRect toRect(const Bucket& bucket) {
+    return {bucket.min.x, bucket.min.y, bucket.max.x - bucket.min.x, bucket.max.y - bucket.min.y};
+}
+
 } // namespace Ostrel::Wx

@@ -12,10 +12,10 @@
 #include "models/ColorState.h"
 #include "painting/ToolkitTypes.h"
 #include "platform/ChoiceNative.h"
-#include "widgets/ArrowBitmaps.h"
 #include "widgets/ColorDisplay.h"
 #include "widgets/ColorSlider.h"
 #include "widgets/ColorSliderWithSpinner.h"
+#include "widgets/EmbeddedBitmaps.h"
 #include "widgets/EyeDropperButton.h"
 #include "widgets/HexColorEdit.h"
 #include "widgets/HwbSlice.h"
@@ -102,7 +102,8 @@ constexpr const char* SPACE_TOOLTIP =
     "influence "
     "internal color representation or renderer behavior.\n\nWith linear color space, the color picker dialog behaves "
     "the same way as the default 3ds Max color picker.\n\nWith sRGB color space you can transfer numerical color "
-    "values directly from 2D image editing software.";
+    "values "
+    "directly from 2D image editing software.";
 
 /// Keeps both for the life of the process.
 class DefaultGlobalStateAccessor : public ColorPicker::IGlobalStateAccessor {
@@ -146,6 +147,9 @@ struct ColorPicker::Impl {
     int closeResult = wxCANCEL;
     /// The dialog is not open any more: a number that was being typed is set when its field goes, and comes too late.
     bool closed = false;
+    bool closing = false; ///< the owner is being told of it
+    bool inModalLoop = false;
+    bool destroyed = false; ///< to be, when the modal loop is over
     std::array<wxRadioButton*, std::size(RANGE_OPTIONS)> ranges{};
     CheckBox* srgb = nullptr;
     std::array<ColorSliderWithSpinner*, ROW_COUNT> rows{}; ///< as in `ROWS`; no alpha: null
@@ -156,6 +160,7 @@ struct ColorPicker::Impl {
     ColorDisplay* current = nullptr;
     std::array<EyeDropperButton*, 2> eyeDroppers{};
     wxChoice* averaging = nullptr;
+    Button* reset = nullptr;
     Button* confirm = nullptr;
 
     // Building
@@ -200,8 +205,8 @@ struct ColorPicker::Impl {
             };
             return eyeDropper;
         };
-        eyeDroppers = {create(decodeArrow(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
-                       create(decodeArrow(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
+        eyeDroppers = {create(decodeAsset(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
+                       create(decodeAsset(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
                               &ColorState::editNeutralizing)};
         averaging = new wxChoice(&dialog, wxID_ANY);
         for (const EyeDropperAveraging& row : EYE_DROPPER_AVERAGING_TABLE) {
@@ -296,9 +301,9 @@ struct ColorPicker::Impl {
         for (EyeDropperButton* const eyeDropper : eyeDroppers) {
             row->Add(eyeDropper, 0, wxEXPAND | wxRIGHT, scaleByDpi(PICKER_GAP));
         }
-        // As high as the system has it: the text of one that is stretched is not in its middle.
-        row->Add(averaging, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, scaleByDpi(PICKER_GAP));
-        row->Add(makeButton("Reset", RESET_WIDTH, [this] { reset(); }), 0, wxEXPAND);
+        row->Add(averaging, 1, wxEXPAND | wxRIGHT, scaleByDpi(PICKER_GAP));
+        reset = makeButton("Reset", RESET_WIDTH, [this] { resetColor(); });
+        row->Add(reset, 0, wxEXPAND);
         return row;
     }
 
@@ -337,8 +342,6 @@ struct ColorPicker::Impl {
         auto* const border = new wxBoxSizer(wxHORIZONTAL);
         border->Add(grid, 0, wxALL, scaleByDpi(GAP));
         dialog.SetSizerAndFit(border);
-        dialog.Layout();
-        field->adoptSize();
     }
 
     // The views
@@ -353,7 +356,7 @@ struct ColorPicker::Impl {
     }
 
     StripColorFunction makeStripColors(ColorStrip strip) {
-        return [this, strip](float position, float number) { return state.getStripColor(strip, position, number); };
+        return [this, strip](float position) { return state.getStripColor(strip, position); };
     }
 
     void moveRow(ColorStrip strip) {
@@ -391,43 +394,58 @@ struct ColorPicker::Impl {
 
     // What the user does
 
-    /// Calls a callback of the owner, if there is one. False if the dialog was destroyed by it, or is about to be.
+    [[nodiscard]] bool isGoing() const {
+        return destroyed || dialog.IsBeingDeleted() || wxTheApp->IsScheduledForDestruction(&dialog);
+    }
+
+    /// Calls a callback of the owner, if there is one. False if the dialog was destroyed by it, or is about to be; once
+    /// it is, nothing is called.
     template <class... Arguments>
     bool tell(const Function<void(Arguments...)>& slot, std::type_identity_t<Arguments>... arguments) {
+        if (isGoing()) {
+            return false;
+        }
         const wxWeakRef<ColorPicker> self(&dialog);
         if (slot) {
             const Function<void(Arguments...)> callback = slot; // may be replaced meanwhile
             callback(arguments...);
         }
-        return self && !wxTheApp->IsScheduledForDestruction(self.get());
+        return self && !isGoing();
     }
 
     bool tellColor(const Function<void(const Rgb&)>& slot, Rgb color) { return tell(slot, color); }
 
     template <class Change>
     bool edit(const Change& change) {
+        if (isGoing()) {
+            return false;
+        }
         const ColorState before = state;
         if (!closed) {
             change(state);
         }
         refreshViews(before);
-        if (closed) {
-            return true;
-        }
-        return tellColor(dialog.onColorChanged, state.getColor());
+        return closed || tellColor(dialog.onColorChanged, state.getColor());
     }
 
-    void reset() {
-        if (tell(dialog.onReset) && edit([](ColorState& edited) { edited.edit(edited.getReference()); }) &&
+    /// Gives a button that was pressed the focus, by which a number that is being typed is set. False if that has
+    /// destroyed the dialog.
+    bool focusPressed(Button& button) {
+        const wxWeakRef<ColorPicker> self(&dialog);
+        button.SetFocus();
+        return self && !isGoing();
+    }
+
+    void resetColor() {
+        if (focusPressed(*reset) && tell(dialog.onReset) &&
+            edit([](ColorState& edited) { edited.edit(edited.getReference()); }) &&
             edit([](ColorState& edited) { edited.editAlpha(edited.getReference().alpha); })) {
             tell(dialog.onAfterReset);
         }
     }
 
     void accept(bool andClose) {
-        const wxWeakRef<ColorPicker> self(&dialog);
-        confirm->SetFocus(); // sets a number that is being typed
-        if (self && tellColor(dialog.onColorAccepted, state.getColor()) && andClose) {
+        if (focusPressed(*confirm) && tellColor(dialog.onColorAccepted, state.getColor()) && andClose) {
             close(wxOK);
         }
     }
@@ -437,10 +455,25 @@ struct ColorPicker::Impl {
         dialog.Close();
     }
 
-    void onClosing(wxCloseEvent& event) {
+    void endPicking() {
         for (EyeDropperButton* const eyeDropper : eyeDroppers) {
             eyeDropper->endPicking();
         }
+    }
+
+    void onShow(wxShowEvent& event) {
+        if (event.IsShown()) {
+            closeResult = wxCANCEL;
+            closed = false;
+        }
+        event.Skip();
+    }
+
+    void onClosing(wxCloseEvent& event) {
+        if (std::exchange(closing, true)) {
+            return; // what is told of it closes the dialog once more
+        }
+        endPicking();
         if (closeResult == wxCANCEL &&
             !(tellColor(dialog.onColorChanged, state.getReference()) && tell(dialog.onCancel))) {
             return;
@@ -449,6 +482,20 @@ struct ColorPicker::Impl {
             getAccessor().setSpace(state.getSpace());
             getAccessor().setRange(state.getRange());
             closed = true;
+            closing = false;
+            event.Skip();
+        }
+    }
+
+    void onKey(wxKeyEvent& event) {
+        const int key = event.GetKeyCode();
+        const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+        const bool isTyping = dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()) != nullptr;
+        if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
+            close(wxCANCEL);
+        } else if (isEnter && (event.GetModifiers() == wxMOD_CONTROL || (!event.HasAnyModifiers() && !isTyping))) {
+            confirm->doClick(wxPoint(0, 0));
+        } else {
             event.Skip();
         }
     }
@@ -471,26 +518,58 @@ ColorPicker::ColorPicker(wxWindow* parent, const String& title, wxPoint position
     setSpace(getAccessor().getSpace());
     setRange(getAccessor().getRange());
     setReferenceColor(initialColor);
+    if (position != wxDefaultPosition) {
+        Move(position); // GTK overlooks the position that a dialog is made with
+    }
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) { _impl->onShow(event); });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) { _impl->onClosing(event); });
-    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-        if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
-            _impl->close(wxCANCEL);
-        } else {
-            event.Skip();
-        }
-    });
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { _impl->onKey(event); });
 }
 
 ColorPicker::~ColorPicker() {
-    DestroyChildren(); // while what their callbacks reach is there
+    wxPendingDelete.DeleteObject(this); // it may stand on the stack, and go before its turn comes
+    DestroyChildren();                  // while what their callbacks reach is there
 }
 
-bool ColorPicker::Show(bool show) {
-    if (show) {
-        _impl->closeResult = wxCANCEL;
-        _impl->closed = false;
+int ColorPicker::ShowModal() {
+    const wxWeakRef<wxWindow> parent(GetParent());
+    if (parent) {
+        parent->Bind(wxEVT_DESTROY, &ColorPicker::onParentDestroyed, this);
     }
-    return wxDialog::Show(show);
+    _impl->inModalLoop = true;
+    const int result = wxDialog::ShowModal();
+    _impl->inModalLoop = false;
+    if (parent) {
+        parent->Unbind(wxEVT_DESTROY, &ColorPicker::onParentDestroyed, this);
+    }
+    if (_impl->destroyed) {
+        wxDialog::Destroy();
+    }
+    return result;
+}
+
+bool ColorPicker::Destroy() {
+    if (!_impl->inModalLoop) {
+        return wxDialog::Destroy();
+    }
+    // The loop goes on with the dialog when it ends.
+    _impl->endPicking();
+    _impl->destroyed = true;
+    if (IsModal()) {
+        EndModal(wxID_CANCEL);
+    }
+    return true;
+}
+
+void ColorPicker::onParentDestroyed(wxWindowDestroyEvent& event) {
+    event.Skip();
+    if (event.GetEventObject() != GetParent()) {
+        return; // one of its other children
+    }
+    // Neither the toolkit nor the system may take the dialog away with its parent.
+    setOwnerFromNativeHandle(getWindowNativeHandle(this), {});
+    GetParent()->RemoveChild(this);
+    Destroy();
 }
 
 void ColorPicker::setColor(const Rgb& color) {

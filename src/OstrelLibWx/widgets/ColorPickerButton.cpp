@@ -6,8 +6,8 @@
 #include <OstrelLibWx/widgets/RgbDataObject.h>
 
 #include "painting/SwatchPainting.h"
+#include "painting/ToolkitTypes.h"
 #include "platform/Native.h"
-#include "widgets/ModalPicker.h"
 
 #include <wx/app.h>
 #include <wx/dcbuffer.h>
@@ -49,9 +49,9 @@ private:
 } // namespace
 
 /// Takes colours that are dropped on a button.
-class ColorPickerButton::DropTarget : public wxDropTarget {
+class ColorPickerButtonDropTarget : public wxDropTarget {
 public:
-    explicit DropTarget(ColorPickerButton& button)
+    explicit ColorPickerButtonDropTarget(ColorPickerButton& button)
         : wxDropTarget(new RgbDataObject)
         , _button(&button) {
         SetDefaultAction(wxDragCopy);
@@ -81,9 +81,9 @@ struct ColorPickerButton::Impl {
     bool enabled = true;
     OnColor onPreview{};
     OnColor onCommit{};
-    AutoPtr<ModalPicker> picker{};
-    DropTarget* dropTarget{}; ///< the window's
-    bool hasLeft = false;     ///< the mouse, since the press
+    wxWeakRef<ColorPicker> picker{};           ///< while it is open
+    ColorPickerButtonDropTarget* dropTarget{}; ///< the window's
+    bool hasLeft = false;                      ///< the mouse, since the press
     bool isDragged = false;
 };
 
@@ -108,7 +108,7 @@ ColorPickerButton::ColorPickerButton(wxWindow* parent, const String& label, wxSi
         Refresh(); // the outline moves
         event.Skip();
     });
-    _impl->dropTarget = new DropTarget(*this);
+    _impl->dropTarget = new ColorPickerButtonDropTarget(*this);
     SetDropTarget(_impl->dropTarget);
     Enable(enabled);
 }
@@ -234,13 +234,15 @@ void ColorPickerButton::drag() {
 }
 
 void ColorPickerButton::openPicker() {
-    if (_impl->picker != nullptr) {
+    if (_impl->picker) {
         return;
     }
-    auto* const picker = new ColorPicker(this, "Color Selector: " + _impl->label, wxDefaultPosition, _impl->color,
-                                         ColorPicker::DialogType::CONFIRM, ColorPicker::ColorFormat::WITHOUT_ALPHA);
+    const wxWeakRef<ColorPicker> picker =
+        new ColorPicker(this, "Color Selector: " + _impl->label, wxDefaultPosition, _impl->color,
+                        ColorPicker::DialogType::CONFIRM, ColorPicker::ColorFormat::WITHOUT_ALPHA);
+    _impl->picker = picker;
     if (lastPickerPosition != wxDefaultPosition) {
-        picker->Move(lastPickerPosition); // GTK overlooks the position that a dialog is made with
+        smartPositionWindow(picker, toPixel(lastPickerPosition)); // that screen may be gone
     }
     const wxWeakRef<ColorPickerButton> self(this);
     picker->onColorChanged = [self](const Rgb& color) {
@@ -255,13 +257,14 @@ void ColorPickerButton::openPicker() {
     };
     // While it is still shown: later the toolkit may not know where it was.
     picker->onClose = [picker] { lastPickerPosition = picker->GetPosition(); };
-    _impl->picker.reset(new ModalPicker(picker));
-    _impl->picker->show();
-    if (!self) {
-        return;
+    picker->ShowModal();
+    if (self) {
+        _impl->picker = nullptr;
+        showColor(_impl->color); // which the host may have set meanwhile
     }
-    _impl->picker.reset();
-    picker->Destroy();
+    if (picker) {
+        picker->Destroy();
+    }
 }
 
 void ColorPickerButton::preview(const Rgb& color) {
@@ -292,21 +295,21 @@ void ColorPickerButton::showColor(const Rgb& color) {
     Refresh();
 }
 
-bool ColorPickerButton::DropTarget::acceptsDrop() const {
+bool ColorPickerButtonDropTarget::acceptsDrop() const {
     return _button && _button->IsEnabled() && !_button->_impl->isDragged;
 }
 
-wxDragResult ColorPickerButton::DropTarget::OnData(wxCoord, wxCoord, wxDragResult proposed) {
+wxDragResult ColorPickerButtonDropTarget::OnData(wxCoord, wxCoord, wxDragResult proposed) {
     auto& data = static_cast<RgbDataObject&>(*GetDataObject());
     data.clear();
     // The toolkit tells not on every system that the data have been refused.
     if (!acceptsDrop() || !GetData() || !data.getColor()) {
         return wxDragNone;
     }
-    _isDelivering = true;
+    const bool isOuter = !std::exchange(_isDelivering, true); // a callback may let another drop happen meanwhile
     _button->setColor(*data.getColor(), true);
-    _isDelivering = false;
-    if (!_button) {
+    _isDelivering = !isOuter;
+    if (isOuter && !_button) {
         wxTheApp->CallAfter([this] { delete this; });
     }
     return proposed;

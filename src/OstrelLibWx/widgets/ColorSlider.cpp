@@ -4,9 +4,9 @@
 
 #include "models/ColorSliderLayout.h"
 #include "painting/ColorPainting.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/dcbuffer.h>
-#include <wx/weakref.h>
 
 #include <utility>
 
@@ -16,10 +16,6 @@ namespace {
 
 /// Design pixels.
 constexpr int MARKER_THICKNESS = 5;
-
-wxRect toRect(const Bucket& bucket) {
-    return {bucket.min.x, bucket.min.y, bucket.max.x - bucket.min.x, bucket.max.y - bucket.min.y};
-}
 
 } // namespace
 
@@ -86,8 +82,7 @@ void ColorSlider::writeStripBitmap() const {
     const int length = getLength();
     _stripes.resize(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
-        const float position = getStripPosition(i, length);
-        _stripes[static_cast<std::size_t>(i)] = _colors(position, position);
+        _stripes[static_cast<std::size_t>(i)] = _colors(getStripPosition(i, length));
     }
     const wxSize size = GetClientSize();
     writeStrip(_strip, _stripes, _vertical ? size.x : size.y, _vertical);

@@ -12,9 +12,8 @@
 
 namespace Ostrel::Wx {
 
-/// The colour at a position, 0 to 1, of a strip. The second argument is the owner's number there; a strip without
-/// numbers passes the position once more.
-using StripColorFunction = Function<Rgb(float position, float number)>;
+/// The colour at a position, 0 to 1, of a strip.
+using StripColorFunction = Function<Rgb(float position)>;
 
 /// A strip of colours with a marker that is dragged along it. It keeps one position and knows nothing of what it means:
 /// the colours come from its owner. It takes no focus from the keyboard.

@@ -23,11 +23,7 @@ constexpr float FIRST_STEP = 1.0F;
 
 ColorSliderWithSpinner::ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE) {
-    _slider = new ColorSlider(
-        [this, colors = std::move(colors)](float position, float) {
-            return colors(position, computeSliderNumber(position, _range, _map));
-        },
-        this, wxSize(SLIDER_WIDTH, SLIDER_HEIGHT));
+    _slider = new ColorSlider(std::move(colors), this, wxSize(SLIDER_WIDTH, SLIDER_HEIGHT));
     _spinner = new Spinner(this, wxID_ANY, SPINNER_TEXT_WIDTH, static_cast<float>(_range.min),
                            static_cast<float>(_range.max), static_cast<float>(_range.min), 0, FIRST_STEP);
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
@@ -44,7 +40,6 @@ void ColorSliderWithSpinner::setChannelRange(int min, int max, int digits, float
                         false);
     _shownNumber = getNumber();
     _spinner->setValue(_shownNumber, false);
-    refreshStrip();
 }
 
 void ColorSliderWithSpinner::setPositionValueMap(PositionValueFunction map) {

@@ -18,11 +18,12 @@ class Spinner;
 /// Exported for the library's own tests alone.
 class OSTREL_WX_API ColorSliderWithSpinner : public wxPanel {
 public:
+    using PositionValueMap = Wx::PositionValueMap;
+
     /// The number runs from 0 to 255 in steps of 1, without decimals, and without a map.
-    /// @param colors takes the position and the number that belongs there
     ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent);
 
-    /// Other numbers for the same positions. The marker stays where it is.
+    /// Other numbers for the same positions. The marker and the colours stay as they are.
     /// @param digits behind the decimal separator
     /// @param increment of a step of the spinner
     void setChannelRange(int min, int max, int digits, float increment);

@@ -7,8 +7,8 @@
 #include "models/ComboBoxModel.h"
 #include "painting/ComboBoxPainting.h"
 #include "painting/ToolkitTypes.h"
-#include "widgets/ArrowBitmaps.h"
 #include "widgets/ComboBoxDropdown.h"
+#include "widgets/EmbeddedBitmaps.h"
 
 #include <wx/weakref.h>
 
@@ -34,11 +34,11 @@ constexpr MoveKey MOVE_KEYS[] = {
 };
 
 wxBitmap decodeNormalArrow() {
-    return decodeArrow(Detail::Assets::COMBO_BOX_ARROW, Detail::Assets::COMBO_BOX_ARROW_SIZE);
+    return decodeAsset(Detail::Assets::COMBO_BOX_ARROW, Detail::Assets::COMBO_BOX_ARROW_SIZE);
 }
 
 wxBitmap decodeHoveredArrow() {
-    return decodeArrow(Detail::Assets::COMBO_BOX_ARROW_HOVERED, Detail::Assets::COMBO_BOX_ARROW_HOVERED_SIZE);
+    return decodeAsset(Detail::Assets::COMBO_BOX_ARROW_HOVERED, Detail::Assets::COMBO_BOX_ARROW_HOVERED_SIZE);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 
 #include "models/GradientEditing.h"
 #include "painting/GradientPainting.h"
-#include "widgets/ModalPicker.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/weakref.h>
@@ -20,15 +20,11 @@ namespace {
 constexpr int HANDLE_DIAMETER = 10;
 constexpr int LINE_WIDTH = 1;
 
-Pixel toPixel(wxPoint point) {
-    return {point.x, point.y};
-}
-
 } // namespace
 
 struct GradientControl::Impl {
     GradientEditing editing;
-    ModalPicker picker;
+    ColorPicker* picker; ///< a child of the control
     OnChange onChange{};
     GradientPainting painting{};
 };
@@ -36,9 +32,9 @@ struct GradientControl::Impl {
 GradientControl::GradientControl(wxWindow* parent, wxSize size, float min, float max)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE)
     , _impl(new Impl{.editing = GradientEditing(scaleByDpi(HANDLE_DIAMETER) / 2),
-                     .picker = ModalPicker(new ColorPicker(this, "Set gradient control point color", wxDefaultPosition,
-                                                           {}, ColorPicker::DialogType::CONFIRM,
-                                                           ColorPicker::ColorFormat::WITHOUT_ALPHA))}) {
+                     .picker =
+                         new ColorPicker(this, "Set gradient control point color", wxDefaultPosition, {},
+                                         ColorPicker::DialogType::CONFIRM, ColorPicker::ColorFormat::WITHOUT_ALPHA)}) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(scaleByDpi(size));
     setMinMaxPosition(min, max);
@@ -141,7 +137,7 @@ void GradientControl::onRightUp(wxMouseEvent& event) {
 void GradientControl::onDoubleClick(wxMouseEvent& event) {
     const Optional<std::size_t> index = _impl->editing.edit(toPixel(event.GetPosition()));
     refreshAll();
-    if (index && !_impl->picker.isOpen()) {
+    if (index && !_impl->picker->IsModal()) {
         openPicker(*index);
     }
 }
@@ -158,7 +154,7 @@ void GradientControl::endDrag() {
 void GradientControl::openPicker(std::size_t index) {
     const Hsv original = getGradient().getPoints()[index].color;
     const Rgb reference = hsvToRgb(original);
-    ColorPicker& picker = _impl->picker.get();
+    ColorPicker& picker = *_impl->picker;
     const wxWeakRef<GradientControl> self(this);
     const auto take = [self, original, reference](const Rgb& color) {
         if (self) {
@@ -169,7 +165,9 @@ void GradientControl::openPicker(std::size_t index) {
     picker.onColorChanged = take;
     picker.onColorAccepted = take;
     picker.setReferenceColor(reference);
-    _impl->picker.show();
+    picker.setSpace(getAccessor().getSpace()); // which other dialogs may have changed since
+    picker.setRange(getAccessor().getRange());
+    picker.ShowModal();
 }
 
 void GradientControl::recolor(const Hsv& color) {

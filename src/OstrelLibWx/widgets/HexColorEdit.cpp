@@ -1,6 +1,5 @@
 #include "widgets/HexColorEdit.h"
 
-#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/GuiSkin.h>
 #include <OstrelLibWx/widgets/TextControl.h>
 
@@ -8,7 +7,8 @@
 #include "painting/ToolkitTypes.h"
 
 #include <wx/sizer.h>
-#include <wx/weakref.h>
+
+#include <utility>
 
 namespace Ostrel::Wx {
 
@@ -41,14 +41,17 @@ HexColorEdit::~HexColorEdit() {
 }
 
 void HexColorEdit::setColor(const Rgb& color) {
-    _color = color;
-    if (!_editing) {
+    const RgbBytes before = toRgbBytes(std::exchange(_color, color));
+    if (!_editing && toRgbBytes(color) != before) {
         showColor();
     }
 }
 
 void HexColorEdit::onText(wxCommandEvent&) {
-    setColor(parseHexColor(String(_text->GetValue().ToStdWstring())));
+    _color = parseHexColor(String(_text->GetValue().ToStdWstring()));
+    if (!_editing) {
+        showColor();
+    }
     if (const auto callback = onChanged) { // the control, and with it its own, may be destroyed
         callback(Rgb(_color));
     }

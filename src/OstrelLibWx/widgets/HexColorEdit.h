@@ -3,6 +3,7 @@
 #include <OstrelLib/Color.h>
 #include <OstrelLib/Types.h>
 #include <OstrelLibWx/Export.h>
+#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/RawaBorder.h>
 
 namespace Ostrel::Wx {
@@ -13,7 +14,7 @@ class TextControl;
 /// written anew only while the field has not the focus, so that typing is never disturbed.
 ///
 /// Exported for the library's own tests alone.
-class OSTREL_WX_API HexColorEdit : public RawaBorder {
+class OSTREL_WX_API HexColorEdit : public RawaBorder, public Focusable {
 public:
     /// @param textWidth of the text field, in design pixels
     HexColorEdit(wxWindow* parent, int textWidth);

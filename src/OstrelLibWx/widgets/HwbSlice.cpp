@@ -3,6 +3,7 @@
 #include <OstrelLibWx/WindowUtils.h>
 
 #include "painting/ColorPainting.h"
+#include "painting/ToolkitTypes.h"
 
 #include <wx/dcbuffer.h>
 
@@ -13,16 +14,10 @@ namespace {
 /// Design pixels from the middle of the marker to its outline.
 constexpr int MARKER_REACH = 4;
 
-wxRect toRect(const Bucket& bucket) {
-    return {bucket.min.x, bucket.min.y, bucket.max.x - bucket.min.x, bucket.max.y - bucket.min.y};
-}
-
 } // namespace
 
 HwbSlice::HwbSlice(wxWindow* parent, wxSize size)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, "HwbSlice")
-    , _size(scaleByDpi(Pixel{size.x, size.y}))
-    , _field(makeColorField(scaleByDpi(size)))
     , _input(*this, {[this](wxMouseEvent& event) {
                          if (const auto callback = onMousePressed) {
                              callback(event);
@@ -52,29 +47,27 @@ void HwbSlice::setPosition(FieldPosition position) {
     }
 }
 
-void HwbSlice::adoptSize() {
-    const wxSize size = GetClientSize();
-    if (_field.GetSize() != size) {
-        _size = {size.x, size.y};
-        _field = makeColorField(size);
-        Refresh();
-    }
-}
-
 void HwbSlice::paint(wxDC& dc) const {
+    if (!_field.IsOk()) {
+        _field = makeColorField(GetClientSize());
+    }
     dc.DrawBitmap(_field, 0, 0);
     paintFieldMarker(dc, getMarker(), scaleByDpi(1), _position.hue);
 }
 
 void HwbSlice::moveTo(wxPoint mouse) {
-    setPosition(findFieldPosition({mouse.x, mouse.y}, _size));
+    setPosition(findFieldPosition(toPixel(mouse), getFieldSize()));
     if (const auto callback = onChanged) { // the control, and with it its own, may be destroyed
         callback(_position.hue, _position.blackness);
     }
 }
 
+Pixel HwbSlice::getFieldSize() const {
+    return toPixel(_field.IsOk() ? _field.GetSize() : GetClientSize());
+}
+
 Bucket HwbSlice::getMarker() const {
-    return getFieldMarkerArea(computeFieldMarker(_position, _size), scaleByDpi(MARKER_REACH));
+    return getFieldMarkerArea(computeFieldMarker(_position, getFieldSize()), scaleByDpi(MARKER_REACH));
 }
 
 } // namespace Ostrel::Wx

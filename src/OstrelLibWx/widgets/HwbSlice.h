@@ -15,9 +15,9 @@ namespace Ostrel::Wx {
 /// The field of hue, across, and blackness, down, at the whiteness 0, with a marker that is dragged over it. It takes
 /// no focus from the keyboard.
 ///
-/// The field is a bitmap that is made for the size that the control is built with. It is not made anew for another
-/// size, but where its owner asks for that: this is meant. A marker that moves repaints what it leaves and what it
-/// covers.
+/// The field is a bitmap that is made once, when it is painted first, for the size that the layout has given the
+/// control by then. It is not made anew for another size: this is meant. A marker that moves repaints what it leaves
+/// and what it covers.
 ///
 /// Exported for the library's own tests alone.
 class OSTREL_WX_API HwbSlice : public wxPanel {
@@ -28,9 +28,6 @@ public:
     /// Kept as it is; the marker stays on the field. Calls nothing.
     void setPosition(FieldPosition position);
     [[nodiscard]] FieldPosition getPosition() const { return _position; }
-
-    /// Makes the field anew if the control has another size than it. For an owner whose layout gives it more room.
-    void adoptSize();
 
     /// Draws all that the control shows onto a screen's or a bitmap's device context.
     void paint(wxDC& dc) const;
@@ -47,11 +44,11 @@ public:
 
 private:
     void moveTo(wxPoint mouse);
+    [[nodiscard]] Pixel getFieldSize() const;
     [[nodiscard]] Bucket getMarker() const;
 
     FieldPosition _position;
-    Pixel _size; ///< of the field
-    wxBitmap _field;
+    mutable wxBitmap _field; ///< not valid before it is made
     DragInput _input;
 };
 

@@ -14,7 +14,7 @@
 #include "painting/BorderPainting.h"
 #include "painting/PixelDrawing.h"
 #include "painting/ToolkitTypes.h"
-#include "widgets/ArrowBitmaps.h"
+#include "widgets/EmbeddedBitmaps.h"
 
 #include <wx/sizer.h>
 #include <wx/timer.h>
@@ -47,14 +47,14 @@ using ArrowBitmaps = std::array<wxBitmap, ARROW_LOOK_COUNT>;
 
 ArrowBitmaps decodeUpArrow() {
     using namespace Detail::Assets;
-    return {decodeArrow(SPINNER_UP, SPINNER_UP_SIZE), decodeArrow(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
-            decodeArrow(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)};
+    return {decodeAsset(SPINNER_UP, SPINNER_UP_SIZE), decodeAsset(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
+            decodeAsset(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)};
 }
 
 ArrowBitmaps decodeDownArrow() {
     using namespace Detail::Assets;
-    return {decodeArrow(SPINNER_DOWN, SPINNER_DOWN_SIZE), decodeArrow(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
-            decodeArrow(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)};
+    return {decodeAsset(SPINNER_DOWN, SPINNER_DOWN_SIZE), decodeAsset(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
+            decodeAsset(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)};
 }
 
 } // namespace
