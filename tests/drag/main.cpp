@@ -1,12 +1,13 @@
 // Shows color picker buttons between which colours are dragged with the pointer: tools/check-drag.
 // Usage: swatch-window CASE X END-FILE. The window is X pixels from the left. Writes one line for each thing that
 // happens, and ends when END-FILE exists. CASE: "plain"; "disabled", the second button is; "destroy", both are
-// destroyed by what the second one tells.
+// destroyed by what the second one tells; "odd", the first one has no colour that can be shown.
 
 #include <bit>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <string>
 
 #include <wx/app.h>
@@ -58,7 +59,9 @@ int main(int argc, char** argv) {
     auto* const frame = new wxFrame(nullptr, wxID_ANY, "swatch-window", wxPoint(std::atoi(argv[2]), 100));
     auto* const panel = new wxPanel(frame);
     frame->SetClientSize(320, 240);
-    const auto first = makeButton(panel, "first", 40, {2.5F, -0.25F, 0.1F, 0.75F});
+    constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+    const Rgb odd{std::bit_cast<float>(std::uint32_t{0x7FC01234}), ENDLESS, -ENDLESS, -0.0F};
+    const auto first = makeButton(panel, "first", 40, name == "odd" ? odd : Rgb{2.5F, -0.25F, 0.1F, 0.75F});
     const auto second = makeButton(panel, "second", 140, {});
     second->Enable(name != "disabled");
     if (name == "destroy") {

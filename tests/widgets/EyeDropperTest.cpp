@@ -3,6 +3,7 @@
 #include "widgets/ColorWidgetTest.h"
 
 #include <wx/display.h>
+#include <wx/popupwin.h>
 
 namespace Ostrel::Wx {
 namespace {
@@ -60,13 +61,31 @@ TEST_F(EyeDropperTest, PicksTheMeanOfASquareAroundThePointer) {
         EXPECT_THAT(log, ElementsAre("started", "picked", "ended"));
         expectOver("picked");
     }
+}
+
+TEST_F(EyeDropperTest, LeavesOutWhatIsOffTheScreen) {
     const wxRect screen = wxDisplay(0u).GetGeometry();
-    for (const wxPoint corner : {screen.GetTopLeft(), screen.GetBottomRight()}) {
-        press(*button, wxPoint(10, 10));
-        input().MouseMove(corner);
-        EXPECT_TRUE(pumpUntil([corner] { return wxGetMousePosition() == corner; }));
-        releaseButton();
-        EXPECT_NEAR(picked.alpha, 1, 1e-4F) << "what is off the screen is left out";
+    for (const bool atEnd : {false, true}) {
+        auto* const popup = new wxPopupWindow(&frame(), wxBORDER_NONE);
+        popup->SetSize(wxRect(atEnd ? screen.GetBottomRight() - wxPoint(39, 39) : screen.GetTopLeft(), wxSize(40, 40)));
+        popup->SetBackgroundColour(wxColour(255, 0, 0));
+        // Half of what is left of the largest square.
+        auto* const half = new wxPanel(popup, wxID_ANY, atEnd ? wxPoint(32, 0) : wxPoint(0, 0), wxSize(8, 40));
+        half->SetBackgroundColour(wxColour(0, 102, 255));
+        popup->Show();
+        settle();
+        for (const auto& [radius, blue] : {std::pair{0, 1.0F}, {15, 0.5F}}) {
+            button->averagingRadius = radius;
+            press(*button, wxPoint(10, 10));
+            const wxPoint corner = atEnd ? screen.GetBottomRight() : screen.GetTopLeft();
+            input().MouseMove(corner);
+            EXPECT_TRUE(pumpUntil([corner] { return wxGetMousePosition() == corner; }));
+            releaseButton();
+            EXPECT_NEAR(picked.red, 1 - blue, 1e-4F) << radius;
+            EXPECT_NEAR(picked.green, 0.4F * blue, 1e-4F) << radius;
+            EXPECT_NEAR(picked.alpha, 1, 1e-4F);
+        }
+        popup->Destroy();
     }
 }
 
