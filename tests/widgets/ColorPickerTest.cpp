@@ -20,7 +20,7 @@
 #include <wx/choice.h>
 #include <wx/radiobut.h>
 
-#include <map>
+#include <set>
 
 namespace Ostrel::Wx {
 namespace {
@@ -368,16 +368,18 @@ TEST_F(ColorPickerTest, EndsItsModalLoopBeforeItIsDestroyed) {
 
 TEST_F(ColorPickerTest, PaintsOnlyWhatADragChanges) {
     open();
-    dialog->setColor({0.2F, 1, 1}); // red changes the saturation alone
-    settle();
-    std::map<wxWindow*, int> painted;
+    std::set<wxWindow*> painted;
     for (wxWindow* const window : std::initializer_list<wxWindow*>{
              &child<HwbSlice>(), &slider(HUE), &slider(TEMPERATURE), &slider(RED), &slider(GREEN)}) {
         window->Bind(wxEVT_PAINT, [&painted, window](wxPaintEvent& event) {
-            ++painted[window];
+            painted.insert(window);
             event.Skip();
         });
     }
+    dialog->setColor({0.2F, 1, 1}); // red changes the saturation alone
+    EXPECT_TRUE(pumpUntil([&] { return painted.contains(&child<HwbSlice>()) && painted.contains(&slider(HUE)); }));
+    settle();
+    painted.clear();
     press(slider(RED), wxPoint(80, 5));
     dragTo(slider(RED), wxPoint(120, 5));
     EXPECT_TRUE(pumpUntil([&] { return painted.contains(&slider(GREEN)); }));
