@@ -1,12 +1,9 @@
 #include <benchmark/benchmark.h>
 #include <wx/button.h>
-#include <wx/choice.h>
 #include <wx/colordlg.h>
 #include <wx/dcbuffer.h>
 #include <wx/frame.h>
 #include <wx/popupwin.h>
-#include <wx/radiobut.h>
-#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <OstrelLibWx/BitmapUtils.h>
@@ -14,6 +11,7 @@
 #include <OstrelLibWx/widgets/ColorPicker.h>
 
 #include "LibraryUp.h"
+#include "ShownWindow.h"
 #include "models/ColorState.h"
 #include "painting/ColorPainting.h"
 #include "widgets/ColorSlider.h"
@@ -24,14 +22,15 @@ namespace {
 using namespace Ostrel;
 
 constexpr Rgb COLOR{0.86F, 0.45F, 0.13F, 0.6F};
+const wxSize STRIP_SIZE(200, 15);
 
 Wx::ColorPicker* makePicker(wxWindow* parent) {
     return new Wx::ColorPicker(parent, "Color", wxPoint(100, 100), COLOR, Wx::ColorPicker::DialogType::CONFIRM,
                                Wx::ColorPicker::ColorFormat::WITH_ALPHA);
 }
 
-/// A copy of another dialog's windows in the toolkit's own, where they are there: a field for each field and so on, and
-/// a bare panel for everything else.
+/// As many windows as another dialog has, in the toolkit's own: its fields, its buttons, and bare panels for all
+/// others.
 void copyWindows(const wxWindow& from, wxWindow* to) {
     for (const wxWindow* const child : from.GetChildren()) {
         if (child->IsTopLevel() || dynamic_cast<const wxPopupWindow*>(child) != nullptr) {
@@ -40,17 +39,10 @@ void copyWindows(const wxWindow& from, wxWindow* to) {
         const wxRect place = child->GetRect();
         if (dynamic_cast<const wxTextCtrl*>(child) != nullptr) {
             new wxTextCtrl(to, wxID_ANY, "0", place.GetPosition(), place.GetSize(), wxBORDER_NONE);
-        } else if (dynamic_cast<const wxRadioButton*>(child) != nullptr) {
-            new wxRadioButton(to, wxID_ANY, "0", place.GetPosition(), place.GetSize());
-        } else if (dynamic_cast<const wxChoice*>(child) != nullptr) {
-            new wxChoice(to, wxID_ANY, place.GetPosition(), place.GetSize());
         } else if (dynamic_cast<const Wx::Button*>(child) != nullptr) {
             new wxButton(to, wxID_ANY, "0", place.GetPosition(), place.GetSize());
-        } else if (dynamic_cast<const wxStaticText*>(child) != nullptr) {
-            new wxStaticText(to, wxID_ANY, child->GetLabel(), place.GetPosition(), place.GetSize());
         } else {
-            auto* const panel = new wxPanel(to, wxID_ANY, place.GetPosition(), place.GetSize());
-            copyWindows(*child, panel);
+            copyWindows(*child, new wxPanel(to, wxID_ANY, place.GetPosition(), place.GetSize()));
         }
     }
 }
@@ -163,20 +155,16 @@ void colorFieldByPixels(benchmark::State& state) {
 }
 BENCHMARK(colorFieldByPixels)->Arg(234)->Arg(1024)->Unit(benchmark::kMicrosecond);
 
-/// A shown frame with the window that `make` makes; repaints it.
-template <class Make, class Change>
-void repaint(benchmark::State& state, const Make& make, const Change& change) {
-    const LibraryUp library;
-    auto* const frame = new wxFrame(nullptr, wxID_ANY, "Strip", wxPoint(100, 100), wxSize(400, 200));
-    auto* const window = make(new wxPanel(frame));
-    frame->Show();
-    LibWx::processAllPendingEvents();
+/// A strip, or a window of its size, is painted on the screen again and again. What counts is the processor's time: the
+/// rest is waiting for the screen.
+template <class Window, class Change>
+void repaint(benchmark::State& state, Window* (*make)(wxWindow*), const Change& change) {
+    ShownWindow<Window> shown(STRIP_SIZE, make);
     for (auto _ : state) {
-        change(*window);
-        window->Refresh();
-        window->Update();
+        change(shown.window());
+        shown.window().Refresh();
+        shown.paintOnScreen();
     }
-    frame->Destroy();
 }
 
 Wx::ColorSlider* makeSlider(wxWindow* parent) {
@@ -184,7 +172,7 @@ Wx::ColorSlider* makeSlider(wxWindow* parent) {
         [](float position) {
             return Rgb{position, COLOR.green, COLOR.blue};
         },
-        parent, wxSize(200, 15));
+        parent, STRIP_SIZE);
 }
 
 void repaintStrip(benchmark::State& state) {
@@ -199,16 +187,18 @@ void repaintChangedStrip(benchmark::State& state) {
 BENCHMARK(repaintChangedStrip)->Unit(benchmark::kMicrosecond);
 
 void repaintPanelOfAPoint(benchmark::State& state) {
-    const auto make = [](wxWindow* parent) {
-        auto* const window = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxSize(200, 15), wxBORDER_NONE);
-        window->SetBackgroundStyle(wxBG_STYLE_PAINT);
-        window->Bind(wxEVT_PAINT, [window](wxPaintEvent&) {
-            wxAutoBufferedPaintDC dc(window);
-            dc.DrawPoint(5, 5);
-        });
-        return window;
-    };
-    repaint(state, make, [](wxPanel&) {});
+    repaint<wxPanel>(
+        state,
+        [](wxWindow* parent) {
+            auto* const window = new wxPanel(parent, wxID_ANY, wxDefaultPosition, STRIP_SIZE, wxBORDER_NONE);
+            window->SetBackgroundStyle(wxBG_STYLE_PAINT);
+            window->Bind(wxEVT_PAINT, [window](wxPaintEvent&) {
+                wxAutoBufferedPaintDC dc(window);
+                dc.DrawPoint(5, 5);
+            });
+            return window;
+        },
+        [](wxPanel&) {});
 }
 BENCHMARK(repaintPanelOfAPoint)->Unit(benchmark::kMicrosecond);
 
