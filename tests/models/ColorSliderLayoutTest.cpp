@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 namespace Ostrel::Wx {
@@ -32,13 +33,19 @@ TEST(SliderNumber, GoesThereAndBackAndIsOneWithoutARangeOrAPosition) {
 }
 
 TEST(Field, ShowsTheColourOfEachPixel) {
-    constexpr float SIZE = 215;
-    ColorField field({static_cast<int>(SIZE), static_cast<int>(SIZE)});
-    for (int y = 0; y < static_cast<int>(SIZE); ++y) {
-        float x = 0;
-        for (const Rgb& color : field.computeRow(y)) {
-            const Rgb expected = hsvToRgb({x++ / SIZE * 360.0F, 1.0F, 1.0F - static_cast<float>(y) / SIZE});
-            ASSERT_EQ(toRgbBytes(color), toRgbBytes(expected)) << x << ", " << y;
+    constexpr int SIZE = 215;
+    const ColorField field({SIZE, SIZE}, Detail::ByteOrder::RGB);
+    const ColorField mirrored({SIZE, SIZE}, Detail::ByteOrder::BGR);
+    std::array<unsigned char, 3 * SIZE> row{};
+    std::array<unsigned char, 3 * SIZE> other{};
+    for (int y = 0; y < SIZE; ++y) {
+        field.writeRow(y, row.data());
+        mirrored.writeRow(y, other.data());
+        for (std::size_t x = 0; x < SIZE; ++x) {
+            const float hue = static_cast<float>(x) / SIZE * 360.0F;
+            const RgbBytes expected = toRgbBytes(hsvToRgb({hue, 1.0F, 1.0F - static_cast<float>(y) / SIZE}));
+            ASSERT_EQ((RgbBytes{row[3 * x], row[3 * x + 1], row[3 * x + 2]}), expected) << x << ", " << y;
+            ASSERT_EQ((RgbBytes{other[3 * x + 2], other[3 * x + 1], other[3 * x]}), expected) << x << ", " << y;
         }
     }
 }

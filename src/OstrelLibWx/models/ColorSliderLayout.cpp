@@ -1,10 +1,10 @@
 #include "models/ColorSliderLayout.h"
 
 #include "models/ColorConversion.h"
+#include "models/PixelKernels.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 
 namespace Ostrel::Wx {
 
@@ -58,23 +58,22 @@ Pixel computeFieldMarker(FieldPosition position, Pixel size) noexcept {
     return {toPixel(position.hue / HUE_DEGREES, size.x), toPixel(position.blackness, size.y)};
 }
 
-ColorField::ColorField(Pixel size)
-    : _height(size.y)
-    , _row(static_cast<std::size_t>(size.x)) {
-    _darkening.reserve(_row.size());
+ColorField::ColorField(Pixel size, Detail::ByteOrder order)
+    : _height(size.y) {
+    _darkening.reserve(3 * static_cast<std::size_t>(size.x));
     for (int x = 0; x < size.x; ++x) {
         const float hue = static_cast<float>(x) / static_cast<float>(size.x) * HUE_DEGREES;
-        _darkening.push_back(Rgb{1.0F, 1.0F, 1.0F} - hsvToRgb({hue, 1.0F, 1.0F}));
+        const Rgb full = hsvToRgb({hue, 1.0F, 1.0F});
+        const bool redFirst = order == Detail::ByteOrder::RGB;
+        for (const float channel : {redFirst ? full.red : full.blue, full.green, redFirst ? full.blue : full.red}) {
+            _darkening.push_back(1.0F - channel);
+        }
     }
 }
 
-ArrayView<const Rgb> ColorField::computeRow(int y) {
+void ColorField::writeRow(int y, unsigned char* bytes) const {
     const float value = 1.0F - static_cast<float>(y) / static_cast<float>(_height);
-    const Rgb full{value, value, value, value};
-    for (std::size_t x = 0; x < _row.size(); ++x) {
-        _row[x] = full - _darkening[x] * value;
-    }
-    return _row;
+    Detail::writeDarkened(value, _darkening.data(), _darkening.size(), bytes);
 }
 
 } // namespace Ostrel::Wx

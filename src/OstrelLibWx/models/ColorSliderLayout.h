@@ -4,6 +4,8 @@
 #include <OstrelLib/Geometry.h>
 #include <OstrelLib/Types.h>
 
+#include "models/PixelConversion.h"
+
 /// Where a position lies on a strip, a hue and a blackness on a field, and which ones lie at a pixel. All lengths are
 /// client pixels; an area of no size at all is allowed.
 namespace Ostrel::Wx {
@@ -53,19 +55,18 @@ struct FieldPosition {
 /// The middle of the marker. It stays on the field or at its end, whatever the position.
 [[nodiscard]] Pixel computeFieldMarker(FieldPosition position, Pixel size) noexcept;
 
-/// The colours of the field, a row at a time. The hue is found once for each column and the value once for each row.
+/// The pixels of the field, a row at a time. The hue is found once for each column and the value once for each row.
 class ColorField {
 public:
-    explicit ColorField(Pixel size);
+    /// @param order without alpha
+    ColorField(Pixel size, Detail::ByteOrder order);
 
-    /// The colours of row `y`, with the whiteness 0: the bytes are those of `hsvToRgb` for each pixel. Valid until the
-    /// next call; alpha means nothing.
-    [[nodiscard]] ArrayView<const Rgb> computeRow(int y);
+    /// Writes row `y`, with the whiteness 0: the bytes are those of `hsvToRgb` for each pixel.
+    void writeRow(int y, unsigned char* bytes) const;
 
 private:
     int _height;
-    Array<Rgb> _darkening; ///< for each column, how much of its value each channel loses
-    Array<Rgb> _row;
+    Array<float> _darkening; ///< for each channel of each column, how much of its value it loses
 };
 
 } // namespace Ostrel::Wx

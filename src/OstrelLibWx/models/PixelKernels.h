@@ -40,6 +40,10 @@ constexpr float NO_FRACTION = 0x1p23F;
 extern const float LOWER_LIMIT;
 extern const float UPPER_LIMIT;
 
+/// Writes `value` × (1 − `darkening`), from 0 to 1, as bytes: × 255, rounded to the nearest, to the even one of two.
+/// A plain loop, as the baseline's.
+void writeDarkened(float value, const float* darkening, std::size_t count, unsigned char* bytes);
+
 /// Whether processor and system have AVX2.
 [[nodiscard]] bool hasAvx2();
 

@@ -168,4 +168,11 @@ const PixelKernels BASELINE_KERNELS{
      toPixels<ByteOrder::BGRX>},
 };
 
+void writeDarkened(float value, const float* darkening, std::size_t count, unsigned char* bytes) {
+    for (std::size_t i = 0; i < count; ++i) { // vectorised
+        const float channel = value - darkening[i] * value;
+        bytes[i] = static_cast<unsigned char>(getBits(channel * MAX_BYTE + NO_FRACTION));
+    }
+}
+
 } // namespace Ostrel::Detail

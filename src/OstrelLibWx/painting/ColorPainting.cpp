@@ -56,9 +56,8 @@ void writeStrip(wxBitmap& bitmap, ArrayView<const Rgb> colors, int thickness, bo
 wxBitmap makeColorField(wxSize size) {
     size.IncTo(wxSize(1, 1));
     wxBitmap bitmap(size, DEPTH);
-    ColorField field({size.x, size.y});
-    writeRows(bitmap,
-              [&field](unsigned char* row, int y) { Detail::convertToBytes(field.computeRow(y), NATIVE_ORDER, row); });
+    const ColorField field({size.x, size.y}, NATIVE_ORDER);
+    writeRows(bitmap, [&field](unsigned char* row, int y) { field.writeRow(y, row); });
     return bitmap;
 }
 
