@@ -86,9 +86,16 @@ wxFont setDefaultFontSize(wxFont font, float factor) {
 }
 
 wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags) {
-    wxFont sized = font;
-    sized.SetPixelSize(wxSize(0, scaleByDpi(TEXT_HEIGHT)));
-    font = sized.GetBaseFont();
+    // Finding the size takes long, and most texts have the same font. Comparing the fonts themselves takes as long.
+    static wxString lastGiven;
+    static wxFont lastSized;
+    if (const wxString given = font.GetNativeFontInfoDesc(); lastGiven != given) {
+        lastGiven = given;
+        lastSized = font;
+        lastSized.SetPixelSize(wxSize(0, scaleByDpi(TEXT_HEIGHT)));
+        lastSized = lastSized.GetBaseFont();
+    }
+    font = lastSized;
     if (flags.has(TextFlag::BOLD)) {
         font.MakeBold();
     }

@@ -20,6 +20,7 @@
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
+#include <memory>
 #include <utility>
 
 namespace Ostrel::Wx {
@@ -45,16 +46,27 @@ enum ArrowLook { NORMAL, HOVERED, PRESSED, ARROW_LOOK_COUNT };
 
 using ArrowBitmaps = std::array<wxBitmap, ARROW_LOOK_COUNT>;
 
-ArrowBitmaps decodeUpArrow() {
+struct BothArrows {
+    ArrowBitmaps up, down;
+};
+
+SharedPtr<const BothArrows> decodeArrows() {
     using namespace Detail::Assets;
-    return {decodeAsset(SPINNER_UP, SPINNER_UP_SIZE), decodeAsset(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
-            decodeAsset(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)};
+    return std::make_shared<const BothArrows>(BothArrows{
+        {decodeAsset(SPINNER_UP, SPINNER_UP_SIZE), decodeAsset(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
+         decodeAsset(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)},
+        {decodeAsset(SPINNER_DOWN, SPINNER_DOWN_SIZE), decodeAsset(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
+         decodeAsset(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)}});
 }
 
-ArrowBitmaps decodeDownArrow() {
-    using namespace Detail::Assets;
-    return {decodeAsset(SPINNER_DOWN, SPINNER_DOWN_SIZE), decodeAsset(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
-            decodeAsset(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)};
+/// Decoded once for all spinners that there are at a time.
+SharedPtr<const BothArrows> shareArrows() {
+    static std::weak_ptr<const BothArrows> shared;
+    SharedPtr<const BothArrows> arrows = shared.lock();
+    if (!arrows) {
+        shared = arrows = decodeArrows();
+    }
+    return arrows;
 }
 
 } // namespace
@@ -125,6 +137,7 @@ struct Spinner::Impl {
     SpinnerPress press{};
     wxTimer repeatTimer{};
     Bucket workArea{}; ///< in which the pointer was seen last during this drag
+    SharedPtr<const BothArrows> arrows{};
     Frame* frame = nullptr;
     TextControl* text = nullptr;
     Arrow* up = nullptr;
@@ -144,8 +157,9 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     frameSizer->Add(text, 1, wxALL | wxEXPAND, FRAME_WIDTH);
     frame->SetSizerAndFit(frameSizer);
 
-    _impl->up = new Arrow(this, decodeUpArrow());
-    _impl->down = new Arrow(this, decodeDownArrow());
+    _impl->arrows = shareArrows();
+    _impl->up = new Arrow(this, _impl->arrows->up);
+    _impl->down = new Arrow(this, _impl->arrows->down);
     auto* const arrowSizer = new wxBoxSizer(wxVERTICAL);
     arrowSizer->Add(_impl->up);
     arrowSizer->Add(_impl->down);

@@ -6,7 +6,10 @@
 #include "painting/ToolkitTypes.h"
 #include "platform/TextNative.h"
 
+#include <wx/arrstr.h>
 #include <wx/dcclient.h>
+
+#include <algorithm>
 
 namespace Ostrel::Wx {
 
@@ -51,9 +54,10 @@ void StaticText::paint(wxDC& dc) const {
 wxSize StaticText::DoGetBestClientSize() const {
     // The toolkit's own measures the label without its '&'s. One more row than the text: the toolkit's labels have it.
     wxSize size;
-    wxClientDC dc(const_cast<StaticText*>(this));
-    dc.SetFont(GetFont());
-    dc.GetMultiLineTextExtent(GetLabel(), &size.x, &size.y);
+    for (const wxString& line : wxSplit(GetLabel(), '\n', '\0')) {
+        const wxSize extent = GetTextExtent(line.empty() ? wxString(" ") : line);
+        size = wxSize(std::max(size.x, line.empty() ? 0 : extent.x), size.y + extent.y);
+    }
     return size + wxSize(0, 1);
 }
 

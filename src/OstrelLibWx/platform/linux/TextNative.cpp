@@ -1,6 +1,7 @@
 #include "platform/TextNative.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
 
 #include <gtk/gtk.h>
@@ -179,16 +180,35 @@ gboolean onScrollBar(GtkRange*, GtkScrollType, double, gpointer view) {
     return FALSE;
 }
 
-/// Adds a style sheet of the widget's own, above the toolkit's; it replaces an earlier one of the same name.
-void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css) {
-    auto* provider = static_cast<GtkCssProvider*>(g_object_get_data(G_OBJECT(widget), name));
-    if (provider == nullptr) {
-        provider = gtk_css_provider_new();
-        g_object_set_data_full(G_OBJECT(widget), name, provider, g_object_unref);
-        gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(provider),
-                                       GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
+/// The style sheet that was asked for last under a name: most widgets have the same one.
+GtkCssProvider* getStyleSheet(const std::string& name, const std::string& css) {
+    struct Sheet {
+        std::string css;
+        GtkCssProvider* provider = nullptr;
+    };
+    static std::map<std::string, Sheet> sheets;
+    Sheet& sheet = sheets[name];
+    if (sheet.provider == nullptr || sheet.css != css) {
+        g_clear_object(&sheet.provider); // the widgets that have it keep it
+        sheet = {css, gtk_css_provider_new()};
+        gtk_css_provider_load_from_data(sheet.provider, css.c_str(), -1, nullptr);
     }
-    gtk_css_provider_load_from_data(provider, css.c_str(), -1, nullptr);
+    return sheet.provider;
+}
+
+/// Adds a style sheet to the widget, above the toolkit's; it replaces an earlier one of the same name.
+void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css) {
+    GtkStyleContext* const context = gtk_widget_get_style_context(widget);
+    auto* const former = static_cast<GtkStyleProvider*>(g_object_get_data(G_OBJECT(widget), name));
+    GtkCssProvider* const provider = getStyleSheet(name, css);
+    if (former == GTK_STYLE_PROVIDER(provider)) {
+        return;
+    }
+    if (former != nullptr) {
+        gtk_style_context_remove_provider(context, former);
+    }
+    gtk_style_context_add_provider(context, GTK_STYLE_PROVIDER(provider), GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
+    g_object_set_data_full(G_OBJECT(widget), name, g_object_ref(provider), g_object_unref);
 }
 
 /// A window that shows nothing, over a widget that has none: it notices the mouse's coming and going, and has a cursor.
