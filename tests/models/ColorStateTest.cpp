@@ -13,38 +13,41 @@ using enum ColorStrip;
 
 constexpr ColorStrip ALL_STRIPS[] = {RED, GREEN, BLUE, ALPHA, HUE, SATURATION, VALUE, TEMPERATURE, WHITE_SHARE};
 
+// With the hue 220, the saturation 0.75, the value 1, the whiteness 0.25, the blackness 0.
+constexpr Rgb START{0.25F, 0.5F, 1, 0.5F};
+
+template <class Edit>
+void expectEdit(const Rgb& expected, const Edit& edit) {
+    ColorState state(true);
+    state.setColor(START);
+    edit(state);
+    const Rgb& color = state.getColor();
+    EXPECT_NEAR(color.red, expected.red, 1e-6F);
+    EXPECT_NEAR(color.green, expected.green, 1e-6F);
+    EXPECT_NEAR(color.blue, expected.blue, 1e-6F);
+    EXPECT_EQ(color.alpha, START.alpha);
+    EXPECT_EQ(state.getHsv(), rgbToHsv(color));
+    EXPECT_EQ(state.getHwb(), hsvToHwb(state.getHsv()));
+}
+
 TEST(ColorState, ChangesOneThingWithEachEdit) {
-    struct Case {
-        const char* what;
-        void (*edit)(ColorState&);
+    struct {
+        ColorStrip strip;
+        float position;
         Rgb expected;
-    };
-    // The start, (0.25, 0.5, 1), has the hue 220, the saturation 0.75, the value 1, the whiteness 0.25, the blackness
-    // 0.
-    for (const Case& c :
-         {Case{"red", [](ColorState& s) { s.editStrip(RED, 0.75F, 0); }, {0.75F, 0.5F, 1}},
-          {"blue", [](ColorState& s) { s.editStrip(BLUE, 0.25F, 0); }, {0.25F, 0.5F, 0.25F}},
-          {"hue", [](ColorState& s) { s.editStrip(HUE, 1.0F / 3, 0); }, {0.25F, 1, 0.25F}},
-          {"hue of a whole turn", [](ColorState& s) { s.editStrip(HUE, 1, 0); }, {1, 0.25F, 0.25F}},
-          {"saturation", [](ColorState& s) { s.editStrip(SATURATION, 1, 0); }, {0, 1.0F / 3, 1}},
-          {"value", [](ColorState& s) { s.editStrip(VALUE, 0.5F, 0); }, {0.125F, 0.25F, 0.5F}},
-          {"whiteness", [](ColorState& s) { s.editStrip(WHITE_SHARE, 0.5F, 0); }, {0.5F, 2.0F / 3, 1}},
-          {"temperature", [](ColorState& s) { s.editStrip(TEMPERATURE, 0.1F, 6500); }, {1, 1, 1}},
-          {"field", [](ColorState& s) { s.editField(FieldPosition(0, 0.5F)); }, {0.5F, 0.25F, 0.25F}},
-          {"field below all value", [](ColorState& s) { s.editField(FieldPosition(0, 1)); }, {0.2F, 0.2F, 0.2F}},
-          {"tint", [](ColorState& s) { s.editNeutralizing(Rgb(0.5F, 0.25F, 1)); }, {0.5F, 1, 0.25F}},
-          {"another", [](ColorState& s) { s.edit(Rgb(-2, 7, 0.5F, 0.1F)); }, {-2, 7, 0.5F}}}) {
-        ColorState state(true);
-        state.setColor({0.25F, 0.5F, 1, 0.5F});
-        c.edit(state);
-        const Rgb& color = state.getColor();
-        EXPECT_NEAR(color.red, c.expected.red, 1e-6F) << c.what;
-        EXPECT_NEAR(color.green, c.expected.green, 1e-6F) << c.what;
-        EXPECT_NEAR(color.blue, c.expected.blue, 1e-6F) << c.what;
-        EXPECT_EQ(color.alpha, 0.5F) << c.what;
-        EXPECT_EQ(state.getHsv(), rgbToHsv(color)) << c.what;
-        EXPECT_EQ(state.getHwb(), hsvToHwb(state.getHsv())) << c.what;
+    } const cases[] = {{RED, 0.75F, {0.75F, 0.5F, 1}},           {BLUE, 0.25F, {0.25F, 0.5F, 0.25F}},
+                       {HUE, 1.0F / 3, {0.25F, 1, 0.25F}},       {HUE, 1, {1, 0.25F, 0.25F}},
+                       {SATURATION, 1, {0, 1.0F / 3, 1}},        {VALUE, 0.5F, {0.125F, 0.25F, 0.5F}},
+                       {WHITE_SHARE, 0.5F, {0.5F, 2.0F / 3, 1}}, {TEMPERATURE, 0.1F, {1, 1, 1}}};
+    for (const auto& [strip, position, expected] : cases) {
+        SCOPED_TRACE(static_cast<int>(strip));
+        expectEdit(expected, [&](ColorState& state) { state.editStrip(strip, position, 6500); });
     }
+    for (const auto& [blackness, expected] : {std::pair{0.5F, Rgb{0.5F, 0.25F, 0.25F}}, {1.0F, {0.2F, 0.2F, 0.2F}}}) {
+        expectEdit(expected, [&](ColorState& state) { state.editField({0, blackness}); });
+    }
+    expectEdit({0.5F, 1, 0.25F}, [](ColorState& state) { state.editNeutralizing(Rgb(0.5F, 0.25F, 1)); });
+    expectEdit({-2, 7, 0.5F}, [](ColorState& state) { state.edit(Rgb(-2, 7, 0.5F, 0.1F)); });
 }
 
 TEST(ColorState, KeepsNoHueOnAGreyAndNoSaturationOnBlack) {

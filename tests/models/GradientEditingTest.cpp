@@ -12,7 +12,6 @@ using testing::ElementsAre;
 constexpr Hsv RED{0.0F, 1.0F, 1.0F};
 constexpr Hsv BLUE{240.0F, 1.0F, 1.0F};
 constexpr float NAN_VALUE = std::numeric_limits<float>::quiet_NaN();
-constexpr float ENDLESS = std::numeric_limits<float>::infinity();
 
 /// 112 × 40 with handles of radius 5: they go from x = 6 to 106, at y = 34.
 GradientEditing makeEditing(std::initializer_list<float> positions, float min = 0.0F, float max = 1.0F) {
@@ -36,10 +35,12 @@ std::vector<float> positionsOf(const GradientEditing& editing) {
 }
 
 TEST(GradientTrack, PutsHandlesBetweenItsMarginsAndTruncates) {
-    const std::tuple<float, float, float, int> cases[] = {
-        {0.0F, 0.0F, 1.0F, 6},      {1.0F, 0.0F, 1.0F, 106},    {0.999F, 0.0F, 1.0F, 105}, {-3.0F, 0.0F, 1.0F, 6},
-        {ENDLESS, 0.0F, 1.0F, 106}, {NAN_VALUE, 0.0F, 1.0F, 6}, {50.0F, 0.0F, 100.0F, 56}, {0.25F, 1.0F, 0.0F, 81},
-        {0.5F, 0.5F, 0.5F, 6},      {0.5F, -ENDLESS, 1.0F, 6},  {0.5F, NAN_VALUE, 1.0F, 6}};
+    struct {
+        float position, min, max;
+        int x;
+    } const cases[] = {{1.0F, 0.0F, 1.0F, 106},    {0.999F, 0.0F, 1.0F, 105}, {-3.0F, 0.0F, 1.0F, 6},
+                       {NAN_VALUE, 0.0F, 1.0F, 6}, {0.25F, 1.0F, 0.0F, 81},   {0.5F, 0.5F, 0.5F, 6},
+                       {0.6F, 0.5F, 0.5F, 106}};
     for (const auto& [position, min, max, x] : cases) {
         EXPECT_EQ((GradientTrack{{112, 40}, 5, min, max}.toPixel(position)), (Pixel{x, 34}))
             << position << " of " << min << " to " << max;
@@ -47,11 +48,12 @@ TEST(GradientTrack, PutsHandlesBetweenItsMarginsAndTruncates) {
 }
 
 TEST(GradientTrack, TakesPositionsFromAStripOnePixelShorterAndLimitsThemToOne) {
-    const std::tuple<int, int, float, float, float> cases[] = {
-        {112, 6, 0.0F, 1.0F, 0.0F},    {112, 105, 0.0F, 1.0F, 1.0F},    {112, 39, 0.0F, 1.0F, 33.0F / 99.0F},
-        {112, -80, 0.0F, 1.0F, 0.0F},  {112, 900, 0.0F, 1.0F, 1.0F},    {112, 56, 0.0F, 100.0F, 1.0F},
-        {112, 6, 0.25F, 0.75F, 0.25F}, {112, 105, 0.25F, 0.75F, 0.75F}, {13, 6, 0.0F, 1.0F, 0.0F},
-        {13, 7, 0.0F, 1.0F, 1.0F},     {112, 50, NAN_VALUE, 1.0F, 0.0F}};
+    struct {
+        int width, x;
+        float min, max, position;
+    } const cases[] = {{112, 6, 0.0F, 1.0F, 0.0F},           {112, 105, 0.0F, 1.0F, 1.0F},
+                       {112, 39, 0.0F, 1.0F, 33.0F / 99.0F}, {112, 56, 0.0F, 100.0F, 1.0F},
+                       {112, 6, 0.25F, 0.75F, 0.25F},        {13, 6, 0.0F, 1.0F, 0.0F}};
     for (const auto& [width, x, min, max, position] : cases) {
         EXPECT_FLOAT_EQ((GradientTrack{{width, 40}, 5, min, max}.toPosition(x)), position) << x << " of " << width;
     }
@@ -65,17 +67,6 @@ TEST(GradientHandles, AreHitWithinTheirRadiusTheLowestIndexFirst) {
     for (const auto& [mouse, index] : cases) {
         EXPECT_EQ(editing.findHandle(mouse), index) << "at (" << mouse.x << ", " << mouse.y << ")";
     }
-}
-
-TEST(GradientDrag, MovesThePointPastItsNeighboursAndSortsAtItsEnd) {
-    GradientEditing editing = makeEditing({0.0F, 0.5F, 1.0F});
-    ASSERT_TRUE(editing.press({6, 34}));
-    EXPECT_TRUE(editing.drag({72, 5})) << "at any height";
-    EXPECT_THAT(positionsOf(editing), ElementsAre(testing::FloatEq(66.0F / 99.0F), 0.5F, 1.0F));
-    editing.release();
-    EXPECT_THAT(positionsOf(editing), ElementsAre(0.5F, testing::FloatEq(66.0F / 99.0F), 1.0F));
-    EXPECT_EQ(editing.getSelected(), 1u);
-    EXPECT_EQ(editing.getGradient().getPoints()[1].color, RED);
 }
 
 TEST(GradientDrag, OutlivesWhatHappensToItsPoint) {

@@ -1,25 +1,9 @@
-#include "models/ColorBytes.h"
 #include "models/SwatchHatch.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace Ostrel::Wx {
 namespace {
-
-TEST(ColorBytes, AreFourFloatsWithTheLowestByteFirst) {
-    constexpr unsigned char EXPECTED[]{0x00, 0x00, 0xC0, 0x3F,  // 1.5
-                                       0x00, 0x00, 0x80, 0xBE,  // -0.25
-                                       0xCD, 0xCC, 0xCC, 0x3D,  // 0.1
-                                       0x00, 0x00, 0x80, 0x7F}; // infinity
-    const Rgb color{1.5F, -0.25F, 0.1F, std::numeric_limits<float>::infinity()};
-    const auto bytes = toColorBytes(color);
-    for (std::size_t i = 0; i < COLOR_BYTE_COUNT; ++i) {
-        EXPECT_EQ(std::to_integer<int>(bytes[i]), EXPECTED[i]) << "byte " << i;
-    }
-    EXPECT_EQ(fromColorBytes(bytes), color);
-}
 
 TEST(SwatchHatch, StepsDarkerOrLighterWhereItIsTooDark) {
     EXPECT_EQ(getHatchColor({0, 30, 31}), (RgbBytes{30, 60, 1}));

@@ -293,13 +293,12 @@ TEST_F(ColorPickerTest, TakesColoursFromTheScreen) {
     open();
     panel().SetBackgroundColour(wxColour(255, 128, 0));
     frame().Refresh();
-    for (const auto& [index, expected] : {std::pair{0, "changed 100 50 0 50"}, {1, "changed 0 0 100 50"}}) {
-        log.clear();
+    for (const int index : {0, 1}) {
         startPicking(child<EyeDropperButton>(index));
         dragTo(panel(), wxPoint(5, 470));
         releaseButton();
-        EXPECT_THAT(log, ElementsAre(expected));
     }
+    EXPECT_THAT(log, ElementsAre("changed 100 50 0 50", "changed 0 0 100 50"));
     wxChoice& averaging = child<wxChoice>();
     for (const auto& [asked, label] :
          {std::pair{4, "5 by 5 Average"}, {100, "31 by 31 Average"}, {-3, "Point Sample"}}) {

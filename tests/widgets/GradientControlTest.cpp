@@ -56,19 +56,17 @@ using GradientMouse = GradientControlTest;
 using GradientPicker = GradientControlTest;
 
 TEST_F(GradientMouse, DragsAHandleAndTellsOfItOnceAtTheEnd) {
-    press(0.5F);
-    movePointer(*control, wxPoint(control->GetSize().x + 20, 20));
-    EXPECT_TRUE(pumpUntil([this] { return point(1).position == 1.0F; })) << "beyond the control it stops at its end";
+    press(0.0F);
+    movePointer(panel(), wxPoint(600, 300));
+    EXPECT_TRUE(pumpUntil([this] { return point(0).position == 1.0F; })) << "beyond the control it stops at its end";
     EXPECT_TRUE(told.empty());
     releaseButton();
     EXPECT_TRUE(pumpUntil([this] { return told.size() == 1; }));
-    EXPECT_FALSE(control->HasCapture());
+    EXPECT_EQ(point(0).position, 0.5F) << "sorted again";
     click(*control, strip(0.25F));
     click(*control, strip(0.25F), wxMOUSE_BTN_RIGHT);
-    settle();
-    EXPECT_EQ(told.size(), 1u) << "clicks beside the handles";
-    click(*control, handle(0.0F), wxMOUSE_BTN_RIGHT);
-    EXPECT_TRUE(pumpUntil([this] { return told.size() == 2; }));
+    click(*control, handle(0.5F), wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(pumpUntil([this] { return told.size() == 2; })) << "clicks beside the handles do nothing";
     EXPECT_EQ(told.back().getPoints().size(), 2u);
 }
 
@@ -135,11 +133,9 @@ TEST_F(GradientControlTest, ShowsTheColoursAndMarksTheSelectedHandle) {
     control->setMinMaxPosition(0.0F, 2.0F);
     showAll();
     EXPECT_NEAR(pixelAt(capture(*control), strip(0.25F).x, 8).red, 128, 2);
-    for (const wxSize size : {wxSize(1, 1), wxSize(13, 40)}) {
-        control->SetMinSize(size);
-        control->SetSize(size);
-        paintOffScreen(wxSize(20, 20), [this](wxDC& dc) { control->paint(dc); });
-    }
+    control->SetMinSize(wxSize(1, 1));
+    control->SetSize(wxSize(1, 1));
+    picture();
 }
 
 } // namespace
