@@ -85,19 +85,17 @@ TEST(ColorOptions, MapThereAndBackAndStopAtWhatIsNone) {
     EXPECT_NEAR(mapLinearSpace(-0.5F, POSITION_TO_VALUE), -0.21764F, 1e-5F);
     EXPECT_NEAR(mapLinearSpace(0.21764F, VALUE_TO_POSITION), 0.5F, 1e-5F);
     ColorState state(false);
-    const std::pair<int, Function<void()>> misuses[] = {
-        {829, [&] { state.setRange(static_cast<ColorPickerRange>(3)); }},
-        {862, [] { (void)mapLinearSpace(0.5F, static_cast<PositionValueMap>(2)); }},
-        {872, [&] { state.setSpace(static_cast<ColorPickerSpace>(-1)); }}};
-    for (const auto& [line, misuse] : misuses) {
+    const auto expectStop = [](int line, const auto& misuse) {
         try {
             misuse();
             ADD_FAILURE() << line;
         } catch (const Detail::StopException& stop) {
-            EXPECT_EQ(stop.getPath(), String("widgets/ColorPicker"));
-            EXPECT_EQ(stop.getLine(), line);
+            EXPECT_TRUE(stop.getPath() == "widgets/ColorPicker" && stop.getLine() == line) << stop.getLine();
         }
-    }
+    };
+    expectStop(829, [&] { state.setRange(static_cast<ColorPickerRange>(3)); });
+    expectStop(862, [] { (void)mapLinearSpace(0.5F, static_cast<PositionValueMap>(2)); });
+    expectStop(872, [&] { state.setSpace(static_cast<ColorPickerSpace>(-1)); });
 }
 
 } // namespace

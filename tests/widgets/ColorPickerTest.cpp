@@ -179,19 +179,11 @@ TEST_F(ColorPickerTest, TellsItsOwnerInOrder) {
     const Log cancelled{"changed 25 50 75 50", "cancel", "close"};
     // What is typed, and not set yet, counts when the dialog is accepted.
     const Log accepted{"changed 80 50 75 50", "accepted 80 50 75 50", "close"};
-    const auto clickBoth = [this] {
-        child<Button>(RESET).doClick({});
-        child<Button>(CONFIRMING).doClick({});
-    };
-    const auto leaveAndConfirm = [this] {
-        child<CheckBox>().SetFocus();
-        input().Char(WXK_RETURN);
-    };
     const std::pair<std::function<void()>, Log> ways[] = {
         {[this] { startClick(CONFIRMING); }, accepted},
         {[this] { input().Char(WXK_RETURN, wxMOD_CONTROL); }, accepted},
-        {leaveAndConfirm, accepted},
-        {clickBoth,
+        {[this] { child<CheckBox>().SetFocus(), input().Char(WXK_RETURN); }, accepted},
+        {[this] { child<Button>(RESET).doClick({}), child<Button>(CONFIRMING).doClick({}); },
          {"changed 80 50 75 50", "reset", "changed 25 50 75 50", "after reset", "accepted 25 50 75 50", "close"}},
         {[this] { startClick(CANCELLING); }, cancelled},
         {[this] { dialog->Close(); }, cancelled},
@@ -254,13 +246,16 @@ TEST_F(ColorPickerTest, ShowsTheSameColourInOtherNumbers) {
 
 TEST_F(ColorPickerTest, KeepsSpaceAndRangeInTheAccessor) {
     struct Own : ColorPicker::IGlobalStateAccessor {
-        ~Own() override { *told += "destroyed"; }
-        void setSpace(ColorPickerSpace space) override { *told += std::to_string(static_cast<int>(space)) + " "; }
-        ColorPickerSpace getSpace() override { return *kept; }
-        void setRange(ColorPickerRange range) override { *told += std::to_string(static_cast<int>(range)) + " "; }
+        Own(std::string& log, ColorPickerSpace& given)
+            : told(log)
+            , kept(given) {}
+        ~Own() override { told += "destroyed"; }
+        void setSpace(ColorPickerSpace space) override { told += std::to_string(static_cast<int>(space)) + " "; }
+        ColorPickerSpace getSpace() override { return kept; }
+        void setRange(ColorPickerRange range) override { told += std::to_string(static_cast<int>(range)) + " "; }
         ColorPickerRange getRange() override { return ColorPickerRange::PERCENT; }
-        std::string* told{};
-        const ColorPickerSpace* kept{};
+        std::string& told;
+        const ColorPickerSpace& kept;
     };
     const auto expectOptions = [this](ColorPickerSpace space, ColorPickerRange range) {
         build(&frame());
@@ -276,11 +271,8 @@ TEST_F(ColorPickerTest, KeepsSpaceAndRangeInTheAccessor) {
     expectOptions(ColorPickerSpace::SRGB, ColorPickerRange::UP_TO_255);
     expectOptions(ColorPickerSpace::LINEAR, ColorPickerRange::UP_TO_1);
     std::string told;
-    auto own = std::make_unique<Own>();
-    own->told = &told;
     ColorPickerSpace space = ColorPickerSpace::SRGB;
-    own->kept = &space;
-    ColorPicker::setGlobalStateAccessor(std::move(own));
+    ColorPicker::setGlobalStateAccessor(std::make_unique<Own>(told, space));
     expectOptions(ColorPickerSpace::SRGB, ColorPickerRange::PERCENT);
     space = static_cast<ColorPickerSpace>(2);
     EXPECT_THROW(build(&frame()), Detail::StopException);
@@ -345,9 +337,6 @@ TEST_F(ColorPickerTest, EndsItsModalLoopBeforeItIsDestroyed) {
     frame().Hide(); // the toolkit hides no last window that is destroyed
     for (const bool byItsParent : {false, true}) {
         auto* const host = byItsParent ? new wxFrame(nullptr, wxID_ANY, "Host") : nullptr;
-        if (byItsParent) {
-            host->Show();
-        }
         build(host);
         const auto pick = [this] {
             wxMouseEvent down(wxEVT_LEFT_DOWN);
@@ -403,7 +392,9 @@ TEST_F(ColorPickerTest, ShowsColoursThatAreNone) {
 
 /// Its kind, its label, and the beginning and the length of its tooltip.
 std::string describe(const wxWindow& window) {
-    std::string text = (window.GetName() + " " + window.GetLabel()).ToStdString();
+    // Windows labels a panel with its name.
+    const wxString label = window.GetLabel() == window.GetName() ? wxString() : window.GetLabel();
+    std::string text = (window.GetName() + " " + label).ToStdString();
     for (const wxWindow* const child : window.GetChildren()) {
         if (const auto* const tooltip = dynamic_cast<const Tooltip*>(child)) {
             std::string lines;
