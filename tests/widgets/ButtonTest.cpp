@@ -151,8 +151,12 @@ TEST_F(ButtonLook, OfOneBuiltDisabledIsDisabledButForItsLabel) {
 TEST_F(ButtonLook, CentresAllLinesOfTheLabel) {
     make(panel(), Button::PUSH);
     button->SetLabel("HH\n\nHHHH\nHH");
-    button->SetSize(200, 20 * button->GetCharHeight());
-    const wxImage shown = picture();
+    button->SetSize(200, 8 * button->GetCharHeight());
+    wxImage shown;
+    EXPECT_TRUE(pumpUntil([&] {
+        shown = capture(*button);
+        return pixelAt(shown, 190, shown.GetHeight() - 12) == NORMAL;
+    })) << "painted in its new size";
     wxRect ink;
     for (int y = 10; y < shown.GetHeight() - 10; ++y) {
         for (int x = 10; x < shown.GetWidth() - 10; ++x) {

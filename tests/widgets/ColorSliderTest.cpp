@@ -44,8 +44,7 @@ TEST_F(ColorSliderTest, FollowsTheMouseFromEndToEnd) {
     releaseButton();
     EXPECT_THAT(log, ElementsAre("pressed", "1.00", "0.00", testing::StartsWith("0.5"), "1.00", "0.00", "released"));
     press(*slider, wxPoint(5, 0));
-    wxMouseCaptureLostEvent lost;
-    slider->ProcessWindowEvent(lost);
+    loseCapture(*slider);
     EXPECT_THAT(log, ElementsAre("pressed", "0.00", "released"));
     EXPECT_FALSE(slider->HasCapture());
     releaseButton();
