@@ -24,8 +24,12 @@
 #include <wx/choice.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
+#include <wx/textctrl.h>
 #include <wx/weakref.h>
 
+#include <algorithm>
+#include <array>
+#include <type_traits>
 #include <utility>
 
 namespace Ostrel::Wx {
