@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    static constexpr int STAGE_HEIGHT = 452;
+    static constexpr int STAGE_HEIGHT = 430;
 
     Wx::CurveDialog* open(const ColorCurve& curves, bool hasExtras) {
         const auto callbacks = std::make_shared<DialogCallbacks>(

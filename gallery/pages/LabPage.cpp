@@ -81,6 +81,7 @@ public:
     }
 
     ~LabPage() override {
+        _controller.reset();
         delete _curveDialog.get();
         delete _falseColorDialog.get();
         DestroyChildren(); // while there is what they call back
@@ -537,12 +538,13 @@ private:
         _curveDialog->Bind(wxEVT_DESTROY, [this](wxWindowDestroyEvent& event) {
             event.Skip();
             if (event.GetEventObject() == _curveDialog.get()) {
+                _dialogController.reset();
                 CallAfter([this] { updatePicking(); });
             }
         });
     }
 
-    [[nodiscard]] bool isDialogPicking() const { return _curveDialog && _curveDialog->isPicking(); }
+    [[nodiscard]] bool isDialogPicking() const { return _dialogController && _curveDialog->isPicking(); }
 
     Wx::ICurvePanelController& getController() { return isDialogPicking() ? *_dialogController : *_controller; }
 

@@ -71,12 +71,12 @@ class VolumeGridMappingDialogPage : public Page {
 public:
     explicit VolumeGridMappingDialogPage(const PageContext& context)
         : Page(context, "Volume grid mapping",
-               "VolumeGridMappingDialog edits how the values of a volume's channel become colors, "
+               "VolumeGridMappingDialog edits how the values of a volume's channel become colours, "
                "here temperatures in a plume.")
         , _slice(makeSlice(Wx::scaleByDpi(SLICE_SIZE))) {
         auto* const row = new wxBoxSizer(wxHORIZONTAL);
         addToRow(*row, makeButton("Edit", [this] { open(); }), GRID);
-        addToRow(*row, makeButton("From the start", [this] { setMapping(makeMapping()); }), GRID);
+        addToRow(*row, makeButton("From the start", [this] { startAgain(); }), GRID);
         addSection("Open", "The slice follows each change; Cancel takes them back.")->Add(row);
         _view = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxSize(_slice.getWidth(), _slice.getHeight()),
                             wxBORDER_NONE);
@@ -128,6 +128,13 @@ private:
         const auto callbacks = std::make_shared<PageCallbacks>(PageCallbacks::Host{onChanged, onClosed, _mapping});
         _dialog = new Wx::VolumeGridMappingDialog(wxGetTopLevelParent(this), "Temperature", _mapping, _mapping,
                                                   callbacks, _position);
+    }
+
+    void startAgain() {
+        setMapping(makeMapping());
+        if (_dialog) {
+            _dialog->setCurrentMapping(_mapping);
+        }
     }
 
     void setMapping(const VolumeGridMapping& mapping) {

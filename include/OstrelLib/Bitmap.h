@@ -5,11 +5,39 @@
 #include <OstrelLib/Types.h>
 
 #include <cstddef>
+#include <memory>
+#include <new>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Ostrel {
+
+namespace Detail {
+
+/// The memory of a picture: what is made without a value holds what the memory held before.
+template <class T>
+struct PixelAllocator : std::allocator<T> {
+    PixelAllocator() = default;
+    template <class U>
+    explicit PixelAllocator(const PixelAllocator<U>&) noexcept {}
+    template <class U>
+    struct rebind {
+        using other = PixelAllocator<U>;
+    };
+
+    template <class U>
+    void construct(U*) noexcept {
+        static_assert(std::is_trivially_copyable_v<U>, "such an object is there as soon as its memory is");
+    }
+    template <class U, class... Values>
+    void construct(U* place, Values&&... values) {
+        ::new (static_cast<void*>(place)) U(std::forward<Values>(values)...);
+    }
+};
+
+} // namespace Detail
 
 /// A picture in memory: width × height pixels of `T`, row by row from the top, without gaps. A picture without pixels
 /// is 0 × 0.
@@ -30,18 +58,15 @@ public:
         }
     }
 
-    /// A picture of pixels that are there already, row by row. Throws `std::invalid_argument` if they are not width ×
-    /// height.
-    [[nodiscard]] static BitmapImpl fromPixels(int width, int height, Array<T> pixels) {
+    /// A picture whose pixels hold anything, for who writes all of them at once: to fill a large one costs as much as
+    /// to convert it. Sizes and failures as above.
+    [[nodiscard]] static BitmapImpl makeUnwritten(int width, int height) {
         BitmapImpl bitmap;
         if (width > 0 && height > 0) {
+            bitmap._pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
             bitmap._width = width;
             bitmap._height = height;
         }
-        if (pixels.size() != bitmap.index(0, bitmap._height)) {
-            throw std::invalid_argument("pixels do not fill the bitmap");
-        }
-        bitmap._pixels = std::move(pixels);
         return bitmap;
     }
 
@@ -108,7 +133,7 @@ private:
 
     int _width = 0;
     int _height = 0;
-    Array<T> _pixels;
+    std::vector<T, Detail::PixelAllocator<T>> _pixels;
 };
 
 /// A picture with the form in which a file holds it, or is to hold it. The pixels themselves are always linear floats.

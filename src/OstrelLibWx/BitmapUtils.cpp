@@ -1,7 +1,5 @@
 #include <OstrelLibWx/BitmapUtils.h>
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -37,24 +35,11 @@ Expected<BitmapImpl<Rgb>, String> readPixels(wxBitmap& bitmap) {
     if (!data) {
         return Unexpected<String>(UNSUPPORTED_DEPTH);
     }
-    const int width = data.GetWidth();
-    const int height = data.GetHeight();
-    // The image's memory is written once, part by part out of the processor's cache: to fill it first would cost as
-    // much again.
-    Array<Rgb> pixels;
-    pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    std::array<Rgb, 512> part;
-    for (int y = 0; y < height; ++y) {
-        const unsigned char* source = Detail::getBitmapRow(data, y);
-        for (std::size_t left = static_cast<std::size_t>(width); left > 0;) {
-            const std::size_t count = std::min(left, part.size());
-            Detail::convertToPixels(source, Detail::getBitmapByteOrder<Format>(), ArrayView<Rgb>(part).first(count));
-            pixels.insert(pixels.end(), part.data(), part.data() + count);
-            source += count * static_cast<std::size_t>(Format::SizePixel);
-            left -= count;
-        }
+    auto image = BitmapImpl<Rgb>::makeUnwritten(data.GetWidth(), data.GetHeight());
+    for (int y = 0; y < image.getHeight(); ++y) {
+        Detail::convertToPixels(Detail::getBitmapRow(data, y), Detail::getBitmapByteOrder<Format>(), image.row(y));
     }
-    return BitmapImpl<Rgb>::fromPixels(width, height, std::move(pixels));
+    return image;
 }
 
 template <class Format>

@@ -88,11 +88,14 @@ wxFont setDefaultFontSize(wxFont font, float factor) {
 wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags) {
     // Finding the size takes long, and most texts have the same font. Comparing the fonts themselves takes as long.
     static wxString lastGiven;
+    static int lastHeight = 0;
     static wxFont lastSized;
-    if (const wxString given = font.GetNativeFontInfoDesc(); lastGiven != given) {
+    const int height = scaleByDpi(TEXT_HEIGHT);
+    if (const wxString given = font.GetNativeFontInfoDesc(); lastGiven != given || lastHeight != height) {
         lastGiven = given;
+        lastHeight = height;
         lastSized = font;
-        lastSized.SetPixelSize(wxSize(0, scaleByDpi(TEXT_HEIGHT)));
+        lastSized.SetPixelSize(wxSize(0, height));
         lastSized = lastSized.GetBaseFont();
     }
     font = lastSized;

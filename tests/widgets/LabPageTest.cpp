@@ -9,6 +9,7 @@
 #include <OstrelLibWx/MessageDialog.h>
 #include <OstrelLibWx/widgets/ColorPicker.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
+#include <OstrelLibWx/widgets/CurveDialog.h>
 #include <OstrelLibWx/widgets/ImageSaveSettingsDialog.h>
 #include <OstrelLibWx/widgets/PixelProbe.h>
 #include <OstrelLibWx/widgets/VolumeGridMappingDialog.h>
@@ -150,8 +151,36 @@ TEST_F(LabPageTest, StopsWhenAskedToAndShowsDepthUntilItIsCancelled) {
     const auto* const probe = findChild<Wx::PixelProbe>(*page);
     movePointer(*view, place());
     EXPECT_TRUE(pumpUntil([&] { return probe->IsShown(); }));
+    const Pixel pixel = view->getPixel({place().x, place().y}).value();
+    EXPECT_TRUE(wxWindow::FindWindowByLabel(wxString::Format("Position:\n%d\n%d", pixel.x, pixel.y), probe));
     movePointer(*view, wxPoint(-20, -20));
     EXPECT_TRUE(pumpUntil([&] { return !probe->IsShown(); }));
+}
+
+TEST_F(LabPageTest, EditsTheSameCurvesInTheDialogAndKeepsFalseColoursThatAreAccepted) {
+    auto* const panelOfPage = findChild<Wx::CurvePanel>(*page);
+    press('C', {});
+    const wxWeakRef<Wx::CurveDialog> curves = ModalDriver::findShown<Wx::CurveDialog>();
+    ASSERT_TRUE(curves);
+    ColorCurve allRed;
+    allRed[CurveChannel::RED] = Curve({{0.0F, 1.0F}, {1.0F, 1.0F}}, CurveInterpolation::LINEAR);
+    curves->setCurves(allRed);
+    EXPECT_TRUE(pumpUntil([this] { return shown().red > 250; })) << shown();
+    EXPECT_EQ(panelOfPage->getCurrentCurves(), allRed);
+    panelOfPage->setCurves({});
+    EXPECT_TRUE(pumpUntil([this] { return showsBlue(); }));
+    EXPECT_EQ(curves->getPanel()->getCurrentCurves(), ColorCurve());
+    findChild<Wx::Button>(*curves, "Pick")->doClick({});
+    EXPECT_TRUE(curves->isPicking());
+    curves->Close();
+    EXPECT_TRUE(pumpUntil([&curves] { return !curves; })) << "while it picks";
+
+    press('L', {});
+    const auto mapping = [] { return ModalDriver::findShown<Wx::VolumeGridMappingDialog>(); };
+    EXPECT_TRUE(pumpUntil([this] { return !showsBlue(); }));
+    findChild<Wx::Button>(*mapping(), "OK")->doClick({});
+    EXPECT_TRUE(pumpUntil([&] { return mapping() == nullptr && view->isUpToDate(); }));
+    EXPECT_FALSE(showsBlue());
 }
 
 } // namespace

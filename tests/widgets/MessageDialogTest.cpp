@@ -106,6 +106,8 @@ TEST_F(MessageDialogControls, OfTheHostHaveIdsOfTheirOwnAndNoKeysWhileDisabled) 
     EXPECT_THAT(first.keyCodes, ElementsAre('A', 'B'));
     EXPECT_THAT(MessageDialogButton::CANCEL.keyCodesToBind(), ElementsAre());
     EXPECT_EQ(MessageDialogControl::OUTSIDE_CLOSE.id, 15999);
+    EXPECT_EQ(MessageDialogControl::FRAME_ICON.id, 16001);
+    EXPECT_EQ(MessageDialogButton::YES.label, "Yes");
 }
 
 TEST_F(MessageDialogEnd, ComesByTheKeysOfTheControls) {

@@ -159,6 +159,7 @@ TEST_F(SpinnerArrows, StepOnceForAClickAndRepeatWhileHeld) {
 
 TEST_F(SpinnerArrows, DragTheValueAndGiveItBack) {
     make();
+    spinner->setClickSpeedOverride([] { return Optional<float>(20.0F); }); // not of drags
     press(down());
     dragBy(-30);
     dragBy(10);
@@ -176,6 +177,14 @@ TEST_F(SpinnerArrows, DragTheValueAndGiveItBack) {
     click(up(), middle(up()), wxMOUSE_BTN_RIGHT);
     EXPECT_TRUE(logEnds("event"));
     EXPECT_THAT(log, ElementsAre("500", "event")) << "the default; the release was no click, and neither is an edit";
+    spinner->setValue(700, false);
+    log.clear();
+    press(up());
+    input().MouseDown(wxMOUSE_BTN_RIGHT);
+    input().MouseUp(wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(logEnds("end"));
+    releaseButton();
+    EXPECT_THAT(log, ElementsAre("start", "500", "event", "end")) << "the default, in a press that is no drag";
     for (const bool disabled : {false, true}) {
         log.clear();
         press(up());

@@ -27,9 +27,9 @@ class ComboBoxDropdown;
 /// The selection is changed on the closed box and in the list alike
 /// - by Up, Down, Home and End, which stop at the ends, and by the wheel, in the list from the highlighted row on;
 /// - by typing: the next row that begins with what was typed without a pause, in upper or lower case.
-/// Enter selects the highlighted row and closes the list; Space, F4 and Alt with Up or Down, which then leave the
-/// selection alone, open and close it; Tab goes on from the box, and closes the list. With Ctrl no key does anything
-/// here; with Alt, Home and End do what they do without it, and the others are left to menus and the system.
+/// Enter selects the highlighted row and closes the list; Space and F4 open and close it; Tab goes on from the box, and
+/// closes the list. With Ctrl no key does anything here; with Alt, Up, Down, Home and End do what they do without it,
+/// and the others are left to menus and the system.
 ///
 /// A selection by the user, be it of the row that is selected already, by a click, and one that is set with `notify`
 /// are told in this order. Each may destroy the box or give it other rows; what would have followed a destruction is
@@ -101,6 +101,7 @@ private:
     friend class ComboBoxDropdown;
     struct Impl;
 
+    void makeDropdown();
     void onKey(wxKeyEvent& event);
     void turnWheel(const wxMouseEvent& event, bool inList);
     void choose(int index);

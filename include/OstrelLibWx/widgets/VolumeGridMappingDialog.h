@@ -41,8 +41,8 @@ public:
 /// what was there when the dialog opened is told once more. Either way the dialog then destroys itself: it is made with
 /// `new`. Its parent, in front of which it stays, destroys it without any report.
 ///
-/// A value outside [0, 1] after scaling has the colour of the nearer end. The scale is shown with three decimals; one
-/// that the host gives has as many as it has until it is edited.
+/// A value outside [0, 1] after scaling has the colour of the nearer end. The scale is shown with up to three decimals;
+/// one that the host gives has as many as it has until it is edited.
 class OSTREL_WX_API VolumeGridMappingDialog : public wxFrame {
 public:
     /// Builds the dialog and shows it.
@@ -58,7 +58,7 @@ public:
     ~VolumeGridMappingDialog() override;
 
     /// Replaces what is edited, in all controls; tells nobody. A scale below `VOLUME_GRID_MINIMUM_SCALE`, or a NaN,
-    /// becomes that one, as in the constructor.
+    /// becomes that one, infinity the largest float, as in the constructor.
     void setCurrentMapping(const VolumeGridMapping& mapping);
 
     /// What is edited, as it was told last.

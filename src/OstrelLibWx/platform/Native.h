@@ -2,6 +2,7 @@
 
 #include <OstrelLib/Geometry.h>
 
+class wxKeyEvent;
 class wxWindow;
 
 /// What the system has to do and the toolkit does not. One implementation per platform.
@@ -10,6 +11,10 @@ namespace Ostrel::Detail {
 /// Settles what the toolkit has to know before its initialisation: on Windows the module whose resources it uses, this
 /// library's; on Linux its backend, X11.
 void prepareToolkit();
+
+/// The character that a key of a `wxEVT_CHAR_HOOK` types in the user's keyboard layout; 0 if it types none. On Windows
+/// the toolkit tells of the key alone there.
+[[nodiscard]] wchar_t getTypedCharacter(const wxKeyEvent& event);
 
 /// The window's native handle; on Linux a native window is made if it has none.
 [[nodiscard]] WindowHandle requireNativeHandle(wxWindow& window);

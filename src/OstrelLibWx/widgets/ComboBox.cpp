@@ -7,6 +7,7 @@
 #include "models/ComboBoxModel.h"
 #include "painting/ComboBoxPainting.h"
 #include "painting/ToolkitTypes.h"
+#include "platform/Native.h"
 #include "widgets/ComboBoxDropdown.h"
 #include "widgets/EmbeddedBitmaps.h"
 
@@ -60,7 +61,7 @@ ComboBox::ComboBox(wxWindow* parent, int id, int width, const Function<void(int)
                    const Function<void(wxWindow*, WindowEvent)>& onWindowEvent, bool enabled)
     : SkinnableMixin<RawaBorder>(RawaBorderState::ENABLED, parent, id, "ComboBox")
     , _impl(new Impl{.onSelect = onSelect, .onWindowEvent = onWindowEvent}) {
-    _impl->dropdown = new ComboBoxDropdown(*this, _impl->model, getSkin());
+    makeDropdown();
     SetFont(setupStaticTextFont(GetFont(), {}));
     applySkin(GuiSkin());
     const auto onPress = [this](wxMouseEvent&) { toggle(); };
@@ -89,6 +90,10 @@ ComboBox::~ComboBox() {
     if (ComboBoxDropdown* const dropdown = _impl->dropdown) {
         dropdown->dismiss();
     }
+}
+
+void ComboBox::makeDropdown() {
+    _impl->dropdown = new ComboBoxDropdown(*this, _impl->model, getSkin());
 }
 
 void ComboBox::setData(ArrayView<const Item> items) {
@@ -138,6 +143,9 @@ void ComboBox::open() {
     }
     _impl->open = true;
     _impl->model.highlight(_impl->model.getSelected());
+    if (_impl->dropdown == nullptr) {
+        makeDropdown(); // the box stands in another window by now, and its list went with the former one
+    }
     _impl->dropdown->layOut();
     _impl->dropdown->present();
     _impl->dropdown->showSelected();
@@ -169,7 +177,9 @@ bool ComboBox::isInside(wxPoint point) const {
 
 void ComboBox::applySkin(const GuiSkin& skin) {
     SkinnableMixin<RawaBorder>::applySkin(skin);
-    _impl->dropdown->applySkin(skin);
+    if (_impl->dropdown != nullptr) {
+        _impl->dropdown->applySkin(skin);
+    }
 }
 
 bool ComboBox::Enable(bool enable) {
@@ -205,7 +215,7 @@ bool ComboBox::pressKey(const wxKeyEvent& event) {
     if (event.ControlDown()) {
         return false;
     }
-    if (keyCode == WXK_F4 || (event.AltDown() && (keyCode == WXK_UP || keyCode == WXK_DOWN))) {
+    if (keyCode == WXK_F4 && !event.AltDown()) {
         isOpen() ? close() : open();
         return true;
     }
@@ -235,7 +245,7 @@ bool ComboBox::pressListKey(const wxKeyEvent& event) {
 bool ComboBox::pressEditKey(const wxKeyEvent& event) {
     const int keyCode = event.GetKeyCode();
     // With Alt, a character is the menus' and the system's.
-    const auto character = event.AltDown() ? L'\0' : static_cast<wchar_t>(event.GetUnicodeKey());
+    const wchar_t character = event.AltDown() ? L'\0' : Detail::getTypedCharacter(event);
     const auto* const key = std::find_if(std::begin(MOVE_KEYS), std::end(MOVE_KEYS),
                                          [keyCode](const MoveKey& moveKey) { return moveKey.keyCode == keyCode; });
     bool changed = false;

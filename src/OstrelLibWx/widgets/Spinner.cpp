@@ -433,8 +433,8 @@ bool Spinner::showValue(bool notify) {
 
 /// False if the spinner was destroyed by a handler.
 bool Spinner::stepOnce() {
-    _impl->number.stepOnce(_impl->press.isUp(),
-                           _impl->clickSpeedOverride ? _impl->clickSpeedOverride() : Optional<float>());
+    const auto clickSpeedOverride = _impl->clickSpeedOverride; // may be replaced meanwhile
+    _impl->number.stepOnce(_impl->press.isUp(), clickSpeedOverride ? clickSpeedOverride() : Optional<float>());
     return showValue(true);
 }
 

@@ -7,6 +7,7 @@
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 
+#include <wx/event.h>
 #include <wx/window.h>
 
 namespace Ostrel::Detail {
@@ -75,6 +76,10 @@ FrameExtents getFrameExtents(::Display* display, Window window) {
 }
 
 } // namespace
+
+wchar_t getTypedCharacter(const wxKeyEvent& event) {
+    return event.GetUnicodeKey();
+}
 
 void prepareToolkit() {
     gdk_set_allowed_backends("x11");

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <wx/app.h>
+#include <wx/event.h>
 #include <wx/msw/private.h>
 #include <wx/window.h>
 
@@ -17,6 +18,18 @@ HWND toHwnd(WindowHandle window) {
 }
 
 } // namespace
+
+wchar_t getTypedCharacter(const wxKeyEvent& event) {
+    constexpr UINT LEAVE_DEAD_KEYS_ALONE = 4;
+    BYTE keys[256];
+    if (GetKeyboardState(keys) == FALSE) {
+        return 0;
+    }
+    const auto key = static_cast<UINT>(event.GetRawKeyCode());
+    wchar_t typed[4];
+    const int count = ToUnicode(key, MapVirtualKeyW(key, MAPVK_VK_TO_VSC), keys, typed, 4, LEAVE_DEAD_KEYS_ALONE);
+    return count == 1 && typed[0] >= L' ' ? typed[0] : L'\0';
+}
 
 void prepareToolkit() {
     wxSetInstance(static_cast<HINSTANCE>(WinApi::getMyModuleHandle()));

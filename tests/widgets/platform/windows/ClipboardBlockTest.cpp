@@ -1,6 +1,7 @@
 // Windows alone: the block on the clipboard, and who holds it open.
 #include "support/WidgetTest.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
@@ -56,6 +57,10 @@ TEST_F(ClipboardBlock, StaysAsItIsWhileAnotherWindowHoldsTheClipboardOpen) {
     const BitmapImpl<Rgb> image(1, 1, {1.0F, 0.0F, 0.0F});
     ASSERT_TRUE(Wx::setClipboardData(image));
     const Bytes before = takeBlock();
+    const Bytes expected{40, 0, 0,  0, 1, 0, 0,  0, 1, 0, 0, 0, 1, 0, 24, 0, 0, 0, 0, 0, 0,   0, //
+                         0,  0, 96, 0, 0, 0, 96, 0, 0, 0, 0, 0, 0, 0, 0,  0, 0, 0, 0, 0, 255, 0};
+    ASSERT_GE(before.size(), expected.size()); // the system may round a block's size up
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), before.begin()));
     std::mutex mutex;
     std::condition_variable changed;
     bool held = false;
