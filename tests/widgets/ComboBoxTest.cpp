@@ -218,6 +218,44 @@ TEST_F(ComboBoxKeys, ChangeTheSelectionOfTheBoxAndOfTheList) {
     EXPECT_EQ(box->getSelectedIndex(), 9);
 }
 
+TEST_F(ComboBoxTest, ShowsItsSelectionItsFocusAndThatItIsDisabled) {
+    make(panel(), 3, 1);
+    const auto brightest = [this](int from, int to) {
+        const wxImage picture = pictureOf(*box);
+        int value = 0;
+        for (int x = from; x < to; ++x) {
+            for (int y = scaleByDpi(4); y < picture.GetHeight() - scaleByDpi(4); ++y) {
+                value = std::max(value, static_cast<int>(pixelAt(picture, x, y).green));
+            }
+        }
+        return value;
+    };
+    const int arrow = box->GetClientSize().x - scaleByDpi(20);
+    const auto text = [&] { return brightest(scaleByDpi(5), arrow); };
+    const auto mark = [&] { return brightest(arrow, box->GetClientSize().x - scaleByDpi(4)); };
+    const int bright = text();
+    const int brightMark = mark();
+    EXPECT_GT(bright, 150);
+    giveFocus(*box);
+    EXPECT_EQ(pixelAt(pictureOf(*box), 1, 1), HIGHLIGHT_FRAME);
+    box->Enable(false);
+    EXPECT_LT(text(), bright);
+    EXPECT_LT(mark(), brightMark);
+    box->selectId(99, false);
+    EXPECT_EQ(text(), 68) << "no row has this id";
+}
+
+TEST_F(ComboBoxList, IsMadeAnewWhenItsWindowWentWithoutTheBox) {
+    auto* const first = new wxFrame(&frame(), wxID_ANY, "First");
+    make(*first, 3, 1);
+    box->GetParent()->Reparent(&panel());
+    first->Destroy();
+    pump();
+    showAll();
+    openByPress();
+    EXPECT_TRUE(isHighlighted(1));
+}
+
 TEST_F(ComboBoxTest, FollowsTheWheelFromEndToEnd) {
     make(panel(), 3, 0);
     int turns = 0;

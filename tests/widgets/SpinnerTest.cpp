@@ -274,6 +274,9 @@ TEST_F(SpinnerTest, LooksAsItsStateIs) {
     EXPECT_TRUE(shows(up(), 0, {80, 80, 80})) << "hovered";
     press(up());
     EXPECT_TRUE(shows(up(), 0, {0, 73, 112})) << "pressed";
+    EXPECT_TRUE(shows(down(), 0, {68, 68, 68}));
+    dragBy(-3);
+    EXPECT_TRUE(shows(down(), 0, {0, 73, 112})) << "dragged: both";
     releaseButton();
     EXPECT_TRUE(shows(up(), 0, {68, 68, 68})) << "normal";
     movePointer(text(), middle(text()));

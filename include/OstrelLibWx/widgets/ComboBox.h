@@ -102,6 +102,7 @@ private:
     struct Impl;
 
     void makeDropdown();
+    [[nodiscard]] const wxBitmap& getArrow(bool bright) const;
     void onKey(wxKeyEvent& event);
     void turnWheel(const wxMouseEvent& event, bool inList);
     void choose(int index);

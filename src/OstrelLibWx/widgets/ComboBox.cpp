@@ -23,6 +23,9 @@ namespace {
 constexpr int HEIGHT = 20;
 constexpr int PADDING = 5;
 
+/// The grey that a disabled arrow fades into.
+constexpr unsigned char DISABLED_BRIGHTNESS = 68;
+
 struct MoveKey {
     int keyCode;
     ComboBoxMove move;
@@ -51,6 +54,7 @@ struct ComboBox::Impl {
     wxWeakRef<ComboBoxDropdown> dropdown{};
     wxBitmap arrow = decodeNormalArrow();
     wxBitmap hoveredArrow = decodeHoveredArrow();
+    wxBitmap disabledArrow = arrow.ConvertToDisabled(DISABLED_BRIGHTNESS);
     wxString shownText{}; ///< of the selected row
     bool open = false;
     bool focused = false;
@@ -201,8 +205,15 @@ void ComboBox::paint(wxDC& dc) const {
                        .background = GetBackgroundColour(),
                        .foreground = IsEnabled() ? GetForegroundColour() : disabledText,
                        .text = _impl->shownText,
-                       .arrow = hovered || isOpen() ? _impl->hoveredArrow : _impl->arrow,
+                       .arrow = getArrow(hovered || isOpen()),
                        .padding = scaleByDpi(PADDING)});
+}
+
+const wxBitmap& ComboBox::getArrow(bool bright) const {
+    if (!IsEnabled()) {
+        return _impl->disabledArrow;
+    }
+    return bright ? _impl->hoveredArrow : _impl->arrow;
 }
 
 void ComboBox::onKey(wxKeyEvent& event) {
