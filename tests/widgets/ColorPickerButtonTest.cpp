@@ -105,7 +105,7 @@ TEST_F(SwatchPicker, PreviewsAndCommitsAndCancelTakesBack) {
                       picker()->onColorChanged({0.0F, 0.0F, 1.0F});
                       EXPECT_EQ(button->getColor(), ORANGE);
                       EXPECT_EQ(shown(), (PixelColour{0, 0, 255}));
-                      moved = getPlace() + Pixel{33, 21};
+                      moved = getPlace() - Pixel{33, 21}; // away from the ends of the screen
                       return true;
                   },
                   [&] { // the window manager may still be about to place it

@@ -57,7 +57,7 @@ using GradientPicker = GradientControlTest;
 
 TEST_F(GradientMouse, DragsAHandleAndTellsOfItOnceAtTheEnd) {
     press(0.0F);
-    movePointer(panel(), wxPoint(600, 300));
+    movePointer(*control, wxPoint(control->GetSize().x + 20, 20));
     EXPECT_TRUE(pumpUntil([this] { return point(0).position == 1.0F; })) << "beyond the control it stops at its end";
     EXPECT_TRUE(told.empty());
     releaseButton();

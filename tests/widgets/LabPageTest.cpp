@@ -7,6 +7,7 @@
 
 #include <OstrelLib/Path.h>
 #include <OstrelLibWx/MessageDialog.h>
+#include <OstrelLibWx/WindowUtils.h>
 #include <OstrelLibWx/widgets/ColorPicker.h>
 #include <OstrelLibWx/widgets/ComboBox.h>
 #include <OstrelLibWx/widgets/CurveDialog.h>
@@ -32,7 +33,11 @@ class LabPageTest : public WidgetTest {
 protected:
     void SetUp() override {
         WidgetTest::SetUp();
-        frame().SetClientSize(frame().FromDIP(wxSize(900, 690)));
+        const Bucket area = Wx::getMonitorRegionByWindow(&frame(), Wx::MonitorRegionType::WORK_AREA);
+        wxSize size = frame().FromDIP(wxSize(900, 690));
+        size.DecTo(wxSize(area.width() - 20, area.height() - 60)); // all of it has to be seen
+        frame().SetClientSize(size);
+        frame().Move(area.min.x, area.min.y);
         auto* const log = new EventLog(&panel());
         log->Hide();
         page = getPages()[findPage("Lab").value()].create({&panel(), *log, picture});
@@ -51,8 +56,11 @@ protected:
 
     /// In the sky.
     wxPoint place() { return {view->GetClientSize().x / 4, view->GetClientSize().y / 8}; }
-    PixelColour shown() { return pixelAt(capture(*view), place().x, place().y); }
-    /// The same without dispatching events, for a dialog's steps.
+    /// Not from the screen: at a large scale the Lab's dialogs lie over the picture.
+    PixelColour shown() {
+        const RgbBytes bytes = toRgbBytes(toBeShown());
+        return {bytes.red, bytes.green, bytes.blue};
+    }
     Rgb toBeShown() { return view->getShownColor(view->getPixel({place().x, place().y}).value()); }
     bool showsBlue() { return shown().blue > shown().red + 30; }
     static Wx::ColorPicker* picker() { return ModalDriver::findActive<Wx::ColorPicker>(); }

@@ -31,7 +31,8 @@ std::string formatColor(const char* heading, const Rgb& color, float alpha) {
 
 /// Half of a step goes up, where the other channels go to the even integer. The difference is meant.
 int toAlphaByte(float alpha) {
-    return static_cast<int>((alpha > 0.0F ? std::min(alpha, 1.0F) : 0.0F) * 255.0F + 0.5F);
+    const float limited = alpha > 0.0F ? std::min(alpha, 1.0F) : 0.0F;
+    return static_cast<int>(limited * 255.0F + 0.5F); // NOLINT(bugprone-incorrect-roundings): this is meant
 }
 
 } // namespace
