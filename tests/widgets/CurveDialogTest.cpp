@@ -246,6 +246,11 @@ TEST_F(CurveDialogTest, LoadsAndSavesPointsAndTellsOfEveryFailureAlike) {
     EXPECT_EQ(log.take(), "");
     const auto saved = loadCurves(host->folder / "bent.acv");
     ASSERT_TRUE(saved);
+    { // a fifth record, which is left out without a word
+        std::fstream file((host->folder / "bent.acv").native(), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(2).write("\0\5", 2);
+        file.seekp(0, std::ios::end).write("\0\1\0\0\0\0", 6);
+    }
     dialog->setCurves({});
     press(box(0), WXK_DOWN);
     press(box(1), WXK_DOWN); // Red is linear
