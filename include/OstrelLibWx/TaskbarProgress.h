@@ -8,7 +8,8 @@ namespace Ostrel::Wx {
 /// The progress of a long operation on the taskbar button of a window. Any thread may make, drive and destroy one, and
 /// several threads may drive the same one; none needs the library to be started, or an event loop. On Windows some
 /// thread has to keep COM entered as long as the object lives, as the library does from `LibWx::startup` on: the system
-/// may unload the shell's part else.
+/// may unload the shell's part else. The thread that makes it enters the single-threaded apartment for a moment, and
+/// leaves it at once: one that lives in the multithreaded apartment has to have entered that twice.
 ///
 /// What does not change the display in whole thousandths is not sent: report as often as you like. Without a taskbar
 /// nothing is shown, and nothing is reported about that. On Windows it is the shell's `ITaskbarList3`. On Linux it is

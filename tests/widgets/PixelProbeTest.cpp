@@ -52,6 +52,9 @@ TEST_F(PixelProbeTest, FollowsTheCursorWithThePixelsValues) {
     EXPECT_EQ(blind.GetPosition(), wxPoint(25, 26));
     blind.updatePosition({-21, -21});
     EXPECT_EQ(blind.GetPosition(), wxPoint(-1, -1)) << "no position, to the toolkit";
+    PixelProbe* shortLived = new PixelProbe(
+        &panel(), [&shortLived](const Pixel&) { return delete shortLived, PixelProbe::ProbedPixel(); }, "");
+    shortLived->updatePosition({0, 0});
     onAsked = [this] { probe->Destroy(); };
     probe->updatePosition({0, 0});
     EXPECT_TRUE(pumpUntil([this] { return !probe; }));

@@ -29,6 +29,27 @@ constexpr Pixel OFFSET_FROM_CURSOR_PX{20, 20};
 
 constexpr RgbBytes WARNING_COLOUR{144, 20, 20};
 
+/// A `ScopedWindowFreezer` whose window may go meanwhile.
+class WeakFreezer {
+public:
+    explicit WeakFreezer(wxWindow* window)
+        : _window(window) {
+        window->Freeze();
+    }
+    ~WeakFreezer() {
+        if (_window) {
+            _window->Thaw();
+        }
+    }
+    WeakFreezer(const WeakFreezer&) = delete;
+    WeakFreezer& operator=(const WeakFreezer&) = delete;
+
+    [[nodiscard]] bool hasWindow() const { return _window != nullptr; }
+
+private:
+    wxWeakRef<wxWindow> _window;
+};
+
 } // namespace
 
 struct PixelProbe::Impl {
@@ -85,17 +106,15 @@ PixelProbe::~PixelProbe() = default;
 
 void PixelProbe::updatePosition(Pixel cursor) {
     const Pixel corner = cursor + OFFSET_FROM_CURSOR_PX;
+    const WeakFreezer freezer(this);
     Move(corner.x, corner.y, wxSIZE_ALLOW_MINUS_ONE);
     if (_impl->probe == nullptr) {
         Refresh();
         return;
     }
-    // Asked before the window is frozen, which has to be there to be thawed again.
-    const wxWeakRef<PixelProbe> self(this);
     const SharedPtr<const Probe> probe = _impl->probe;
     const ProbedPixel pixel = (*probe)(cursor);
-    if (self) {
-        const ScopedWindowFreezer freezer(this);
+    if (freezer.hasWindow()) {
         showPixel(pixel);
         Refresh();
     }

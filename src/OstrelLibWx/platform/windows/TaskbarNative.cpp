@@ -44,14 +44,12 @@ private:
 } // namespace
 
 AutoPtr<Wx::ITaskbar> createTaskbar() {
-    // The apartment is entered for the creation alone, whatever the thread goes on to do: this pairing is meant. A
-    // thread that has entered another kind of apartment stays in that one, and it is not for this function to leave it.
-    const HRESULT entered = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    // The apartment is entered for the creation alone, whatever the thread goes on to do, and what comes of that is not
+    // looked at: this pairing is meant.
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     void* taskbar = nullptr;
     CoCreateInstance(TASKBAR_LIST_CLASS, nullptr, CLSCTX_INPROC_SERVER, TASKBAR_LIST_INTERFACE, &taskbar);
-    if (SUCCEEDED(entered)) {
-        CoUninitialize();
-    }
+    CoUninitialize();
     return AutoPtr<Wx::ITaskbar>(taskbar == nullptr ? nullptr : new ShellTaskbar(static_cast<ITaskbarList3*>(taskbar)));
 }
 
