@@ -96,7 +96,8 @@ public:
     }
 
 private:
-    static constexpr int STAGE_HEIGHT = 430;
+    static constexpr int STAGE_HEIGHT = 436;
+    static constexpr int STAGE_MARGIN = 4;
 
     Wx::CurveDialog* open(const ColorCurve& curves, bool hasExtras) {
         const auto callbacks = std::make_shared<DialogCallbacks>(
@@ -110,9 +111,9 @@ private:
 
     /// The stage has two columns.
     void moveToStage(Wx::CurveDialog& dialog, int column) {
-        const wxSize cell(_stage->GetClientSize().x / 2, _stage->GetClientSize().y);
-        const wxSize room = cell - dialog.GetSize();
-        dialog.Move(_stage->ClientToScreen(wxPoint(column * cell.x + room.x / 2, room.y / 2)));
+        const int width = _stage->GetClientSize().x / 2;
+        const int left = column * width + (width - dialog.GetSize().x) / 2;
+        dialog.Move(_stage->ClientToScreen(wxPoint(left, Wx::scaleByDpi(STAGE_MARGIN))));
     }
 
     void closeAll() {

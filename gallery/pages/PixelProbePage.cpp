@@ -13,23 +13,25 @@ namespace Ostrel::Gallery {
 
 namespace {
 
-constexpr int WIDTH = 640;
-constexpr int HEIGHT = 400;
+// Design pixels.
+constexpr Pixel SIZE{640, 400};
+constexpr Pixel STRIPE_SIZE{80, 24};
+
 constexpr float BRIGHTEST = 4.0F;
 
 /// A sweep of hues that gets brighter to the right, up to `BRIGHTEST`, with a stripe of what is no number in it.
-BitmapImpl<Rgb> makeSweep() {
-    BitmapImpl<Rgb> image(WIDTH, HEIGHT);
-    for (int y = 0; y < HEIGHT; ++y) {
-        for (int x = 0; x < WIDTH; ++x) {
-            const float across = static_cast<float>(x) / (WIDTH - 1);
-            const float down = static_cast<float>(y) / (HEIGHT - 1);
+BitmapImpl<Rgb> makeSweep(Pixel size, Pixel stripeSize) {
+    BitmapImpl<Rgb> image(size.x, size.y);
+    for (int y = 0; y < size.y; ++y) {
+        for (int x = 0; x < size.x; ++x) {
+            const float across = static_cast<float>(x) / static_cast<float>(size.x - 1);
+            const float down = static_cast<float>(y) / static_cast<float>(size.y - 1);
             image(x, y) = hsvToRgb({down * 360.0F, 0.75F, 1.0F}) * (across * BRIGHTEST);
             image(x, y).alpha = 1.0F;
         }
     }
-    for (int y = HEIGHT / 2 - 12; y < HEIGHT / 2 + 12; ++y) {
-        for (int x = WIDTH / 2 - 40; x < WIDTH / 2 + 40; ++x) {
+    for (int y = (size.y - stripeSize.y) / 2; y < (size.y + stripeSize.y) / 2; ++y) {
+        for (int x = (size.x - stripeSize.x) / 2; x < (size.x + stripeSize.x) / 2; ++x) {
             image(x, y).green = std::numeric_limits<float>::quiet_NaN();
         }
     }
@@ -48,8 +50,8 @@ public:
         : Page(context, "Pixel probe",
                "PixelProbe follows the mouse over a picture and tells of the pixel below it. The host says what the "
                "pixel is; the probe lays it out, and warns of what is no number.")
-        , _image(makeSweep()) {
-        BitmapImpl<Rgb> shown(WIDTH, HEIGHT);
+        , _image(makeSweep(Wx::scaleByDpi(SIZE), Wx::scaleByDpi(STRIPE_SIZE))) {
+        BitmapImpl<Rgb> shown(_image.getWidth(), _image.getHeight());
         std::transform(_image.data(), _image.data() + _image.size(), shown.data(), tonemap);
         _view = new Wx::StaticBitmap(this, wxID_ANY, Wx::toWxBitmap(shown, false));
         _probe = new Wx::PixelProbe(
@@ -76,7 +78,9 @@ public:
     }
 
     void arrangeForPicture() override {
-        const wxPoint cursor = _view->ClientToScreen(wxPoint(WIDTH / 2 + 20, HEIGHT / 2));
+        // In the stripe, so far to the left that the probe lies on the picture.
+        const Pixel middle = Wx::scaleByDpi(Pixel{(SIZE.x - STRIPE_SIZE.x) / 2 + 4, SIZE.y / 2});
+        const wxPoint cursor = _view->ClientToScreen(wxPoint(middle.x, middle.y));
         _probe->updatePosition({cursor.x, cursor.y});
         _probe->Show();
         _probe->Update();
@@ -85,7 +89,8 @@ public:
 private:
     Wx::PixelProbe::ProbedPixel probe(const Pixel& cursor) {
         const wxPoint inView = _view->ScreenToClient(wxPoint(cursor.x, cursor.y));
-        const Pixel position{std::clamp(inView.x, 0, WIDTH - 1), std::clamp(inView.y, 0, HEIGHT - 1)};
+        const Pixel position{std::clamp(inView.x, 0, _image.getWidth() - 1),
+                             std::clamp(inView.y, 0, _image.getHeight() - 1)};
         const Rgb& original = _image(position.x, position.y);
         return {original, tonemap(original), original.alpha, position};
     }

@@ -6,8 +6,6 @@
 #include "painting/ColorPainting.h"
 #include "painting/ToolkitTypes.h"
 
-#include <wx/dcbuffer.h>
-
 #include <utility>
 
 namespace Ostrel::Wx {
@@ -20,26 +18,9 @@ constexpr int MARKER_THICKNESS = 5;
 } // namespace
 
 ColorSlider::ColorSlider(StripColorFunction colors, wxWindow* parent, wxSize size, bool vertical)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, "ColorSlider")
+    : DragPanel(parent, size, "ColorSlider")
     , _vertical(vertical)
-    , _colors(std::move(colors))
-    , _input(*this, {[this](wxMouseEvent& event) {
-                         if (const auto callback = onMousePressed) {
-                             callback(event);
-                         }
-                     },
-                     [this](wxPoint mouse) { moveTo(mouse); },
-                     [this] {
-                         if (const auto callback = onMouseReleased) {
-                             callback();
-                         }
-                     }}) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT); // no erasing: it would flicker
-    SetMinSize(scaleByDpi(size));
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
+    , _colors(std::move(colors)) {
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         refreshStrip();
         event.Skip();

@@ -5,8 +5,6 @@
 #include "painting/ColorPainting.h"
 #include "painting/ToolkitTypes.h"
 
-#include <wx/dcbuffer.h>
-
 namespace Ostrel::Wx {
 
 namespace {
@@ -17,25 +15,7 @@ constexpr int MARKER_REACH = 4;
 } // namespace
 
 HwbSlice::HwbSlice(wxWindow* parent, wxSize size)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, "HwbSlice")
-    , _input(*this, {[this](wxMouseEvent& event) {
-                         if (const auto callback = onMousePressed) {
-                             callback(event);
-                         }
-                     },
-                     [this](wxPoint mouse) { moveTo(mouse); },
-                     [this] {
-                         if (const auto callback = onMouseReleased) {
-                             callback();
-                         }
-                     }}) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT); // no erasing: it would flicker
-    SetMinSize(scaleByDpi(size));
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
-}
+    : DragPanel(parent, size, "HwbSlice") {}
 
 void HwbSlice::setPosition(FieldPosition position) {
     const Bucket before = getMarker();
