@@ -89,12 +89,12 @@ private:
     void showAll(bool show) {
         for (TooltipArea* const area : _areas) {
             Wx::Tooltip* const tooltip = area->getTooltip();
-            if (show) {
+            tooltip->Show(show);
+            if (show) { // it has its size now
                 const wxSize size = area->GetSize();
                 tooltip->Move(area->ClientToScreen(
                     wxPoint(size.x + Wx::scaleByDpi(4 * GRID), (size.y - tooltip->GetSize().y) / 2)));
             }
-            tooltip->Show(show);
         }
     }
 

@@ -72,7 +72,7 @@ OSTREL_WX_API wxBitmap scaleByDpi(wxBitmap bitmap);
 OSTREL_WX_API wxFont setDefaultFontSize(wxFont font, float factor);
 
 /// The font of all static texts: the regular, upright, not underlined face of `font`, 12 design pixels high, made bold
-/// and italic as `flags` say.
+/// and italic as `flags` say. An invalid font stands for the one that the system gives its controls.
 OSTREL_WX_API wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags);
 
 // Icons

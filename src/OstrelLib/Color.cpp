@@ -87,7 +87,8 @@ constexpr double HIGHEST_KELVIN = 1.0e6;
 /// Spectral radiance, but for a constant factor (M. Planck, 1901).
 double radiance(double wavelengthNm, double kelvin) {
     const double micrometres = wavelengthNm * 0.001; // keeps the fifth power near 1
-    return std::pow(micrometres, -5.0) / std::expm1(SECOND_RADIATION_CONSTANT / (wavelengthNm * kelvin));
+    const double square = micrometres * micrometres;
+    return 1.0 / (square * square * micrometres * std::expm1(SECOND_RADIATION_CONSTANT / (wavelengthNm * kelvin)));
 }
 
 std::uint8_t toByte(float channel) {

@@ -22,6 +22,7 @@
 #include <OstrelLib/TextSerializer.h>
 
 #include "platform/Native.h"
+#include "widgets/EmbeddedBitmaps.h"
 
 namespace Ostrel {
 
@@ -96,7 +97,10 @@ bool startup(ApplicationType type) {
     wxSocketBase::Initialize();
     checkType(type);
     if (type != ApplicationType::WX_HOST) {
-        wxAppConsoleBase::GetInstance()->CallOnInit();
+        wxAppConsole* const application = wxAppConsoleBase::GetInstance();
+        // Without a name, the toolkit looks the program's file up for every window that is made.
+        application->SetAppName(application->GetAppName());
+        application->CallOnInit();
     }
     processEventsTimer = std::make_unique<ProcessEventsTimer>();
     processEventsTimer->Start(PROCESS_EVENTS_INTERVAL_MS, wxTIMER_CONTINUOUS);
@@ -117,6 +121,7 @@ void shutdown() {
         application->ExitMainLoop();
         wxSocketBase::Shutdown();
     }
+    Wx::forgetAssets();
     wxUninitialize();
 }
 

@@ -7,14 +7,15 @@
 #include <wx/icon.h>
 #include <wx/iconbndl.h>
 #include <wx/image.h>
+#include <wx/settings.h>
 
 #include <OstrelLib/Types.h>
-#include <OstrelLibWx/BitmapUtils.h>
 
 #include "assets/ProductIcon.h"
 #include "models/DisplayPlacement.h"
 #include "painting/ToolkitTypes.h"
 #include "platform/Native.h"
+#include "widgets/EmbeddedBitmaps.h"
 
 namespace Ostrel::Wx {
 
@@ -91,6 +92,9 @@ wxFont setupStaticTextFont(wxFont font, Flags<TextFlag> flags) {
     static int lastHeight = 0;
     static wxFont lastSized;
     const int height = scaleByDpi(TEXT_HEIGHT);
+    if (!font.IsOk()) {
+        font = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+    }
     if (const wxString given = font.GetNativeFontInfoDesc(); lastGiven != given || lastHeight != height) {
         lastGiven = given;
         lastHeight = height;
@@ -120,8 +124,7 @@ void setIcon(wxTopLevelWindow* window, const wxBitmap& bitmap) {
 
 void setNimbraIcon(wxTopLevelWindow* window) {
     using namespace Detail::Assets;
-    setIcon(window, convertMemoryToBitmap(reinterpret_cast<const unsigned*>(PRODUCT_ICON),
-                                          static_cast<int>(PRODUCT_ICON_SIZE), wxBITMAP_TYPE_ANY));
+    setIcon(window, getUnscaledAsset(PRODUCT_ICON, PRODUCT_ICON_SIZE));
 }
 
 WindowHandle getWindowNativeHandle(wxWindow* window) {

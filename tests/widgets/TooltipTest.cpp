@@ -77,6 +77,15 @@ TEST_F(TooltipTest, AppearsAtTheMouseInItsExactSizeAndTakesNoFocus) {
     EXPECT_FALSE(tooltip->IsShown());
 }
 
+TEST_F(TooltipTest, HasTheSizeOfItsTextWhenItsOwnerShowsItToo) {
+    giveText("One line");
+    EXPECT_TRUE(tooltip->Show());
+    EXPECT_EQ(tooltip->GetSize(), tooltip->GetTextExtent("One line") + wxSize(6, 6));
+    tooltip->Hide();
+    giveText("");
+    EXPECT_FALSE(tooltip->Show() || tooltip->IsShown());
+}
+
 TEST_F(TooltipTest, GoesWhenTheMouseLeavesOrTheButtonComesUp) {
     rest();
     ASSERT_TRUE(becomes(true));

@@ -4,8 +4,7 @@
 #include <OstrelLib/String.h>
 #include <OstrelLib/Types.h>
 #include <OstrelLibWx/Export.h>
-
-#include <wx/panel.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 namespace Ostrel::Wx {
 
@@ -19,7 +18,7 @@ namespace Ostrel::Wx {
 ///
 /// A picker opens where the last one that any `ColorPickerButton` of the process has opened was closed; the first one,
 /// where the system puts it.
-class OSTREL_WX_API ColorPickerButton : public wxPanel {
+class OSTREL_WX_API ColorPickerButton : public PaintedPanel {
 public:
     using OnColor = Function<void(const Rgb&)>;
 
@@ -50,8 +49,7 @@ public:
     /// The keyboard passes the swatch by.
     [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
 
-    /// Draws the button as it is now, at its present size, onto a screen's or a bitmap's device context.
-    void paint(wxDC& dc) const;
+    void paint(wxDC& dc) const override;
 
 private:
     struct Impl;

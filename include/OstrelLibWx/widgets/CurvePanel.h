@@ -8,8 +8,7 @@
 #include <OstrelLibWx/Export.h>
 #include <OstrelLibWx/widgets/GuiSkin.h>
 #include <OstrelLibWx/widgets/HistogramType.h>
-
-#include <wx/panel.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 #include <cstdint>
 #include <utility>
@@ -81,7 +80,7 @@ public:
 ///
 /// Curves are expected to have at least two points, in ascending order of x. All sizes here are in screen pixels; the
 /// panel's own, such as the margin of 5 design pixels around the plot, are scaled with the DPI.
-class OSTREL_WX_API CurvePanel : public wxPanel, public Object {
+class OSTREL_WX_API CurvePanel : public PaintedPanel, public Object {
 public:
     /// The Master channel is selected, the histogram is linear and the zoom is 1. Asks the callbacks for the histogram
     /// and its refresh interval.
@@ -132,13 +131,11 @@ public:
     /// Disabling ends a drag.
     bool Enable(bool enable = true) override;
 
-    /// Draws the panel as it is now, at its present size, onto a screen's or a bitmap's device context.
-    void paint(wxDC& dc) const;
+    void paint(wxDC& dc) const override;
 
 private:
     struct Impl;
 
-    void onPaint(wxPaintEvent& event);
     void onMouseDown(wxMouseEvent& event);
     void onMouseUp(wxMouseEvent& event);
     void onRightUp(wxMouseEvent& event);

@@ -3,8 +3,7 @@
 #include <OstrelLib/ColorGradient.h>
 #include <OstrelLib/Types.h>
 #include <OstrelLibWx/Export.h>
-
-#include <wx/panel.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 namespace Ostrel::Wx {
 
@@ -21,7 +20,7 @@ namespace Ostrel::Wx {
 /// Points outside the range that is shown stand at its ends. The range concerns what is shown: a point that is dragged
 /// or added always gets a position in [0, 1], which with a range from 0 to 100 is its first hundredth, at 1 for all but
 /// the leftmost pixels.
-class OSTREL_WX_API GradientControl : public wxPanel {
+class OSTREL_WX_API GradientControl : public PaintedPanel {
 public:
     using OnChange = Function<void(const ColorGradient&)>;
 
@@ -51,8 +50,7 @@ public:
     /// The keyboard passes the control by.
     [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
 
-    /// Draws the control as it is now, at its present size, onto a screen's or a bitmap's device context.
-    void paint(wxDC& dc) const;
+    void paint(wxDC& dc) const override;
 
 private:
     struct Impl;

@@ -2,11 +2,8 @@
 
 #include <OstrelLib/Flags.h>
 #include <OstrelLibWx/Export.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 #include <OstrelLibWx/widgets/RawaBorderState.h>
-
-#include <wx/panel.h>
-
-class wxDC;
 
 namespace Ostrel {
 
@@ -15,7 +12,7 @@ namespace Ostrel {
 ///
 /// The panel paints itself completely: its background colour, then the frame. A derived control that paints more
 /// overrides `paint`, and has to fill its background as well.
-class OSTREL_WX_API RawaBorder : public wxPanel {
+class OSTREL_WX_API RawaBorder : public PaintedPanel {
 public:
     /// A control that starts enabled is built with `RawaBorderState::ENABLED`, a flat one with
     /// `ENABLED | FLAT`. The state says how it looks: a control built without `ENABLED` looks disabled although the
@@ -25,9 +22,7 @@ public:
     /// Enables or disables both the look and the window. True if the window's own state changed.
     bool Enable(bool enable = true) override;
 
-    /// Draws all that the control shows, at its present size and in its present state, onto a screen's or a bitmap's
-    /// device context.
-    virtual void paint(wxDC& dc) const;
+    void paint(wxDC& dc) const override;
 
     [[nodiscard]] Flags<RawaBorderState> getBorderState() const { return _borderState; }
 

@@ -4,9 +4,9 @@
 #include <OstrelLib/Types.h>
 #include <OstrelLibWx/Export.h>
 #include <OstrelLibWx/WindowUtils.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 #include <wx/event.h>
-#include <wx/panel.h>
 #include <wx/spinctrl.h>
 #include <wx/timer.h>
 
@@ -45,7 +45,7 @@ wxDECLARE_EXPORTED_EVENT(OSTREL_WX_API, CUSTSPINNER_TEXT_FOCUS_LOST, wxFocusEven
 /// callback may destroy the spinner; what would have followed is then left out.
 ///
 /// It looks as the default skin does; `applySkinRecursive` gives it another.
-class OSTREL_WX_API Spinner : public wxPanel, public Focusable {
+class OSTREL_WX_API Spinner : public PaintedPanel, public Focusable {
 public:
     /// The spinner starts with the default value. Before that, the windows around it hear wxEVT_SPINCTRLDOUBLE once,
     /// with 0 or the limit nearest to it.
@@ -94,6 +94,9 @@ public:
 
     [[nodiscard]] bool AcceptsFocus() const override { return true; }
 
+    /// What the field and the arrows leave free: the background.
+    void paint(wxDC& dc) const override;
+
     /// Disabling ends a press.
     bool Enable(bool enable = true) override;
 
@@ -117,6 +120,7 @@ private:
 
     [[nodiscard]] bool commit();
     [[nodiscard]] bool showValue(bool notify);
+    [[nodiscard]] bool notifyValue();
     [[nodiscard]] bool stepOnce();
     [[nodiscard]] bool send(wxEvent& event);
     [[nodiscard]] bool endPress();

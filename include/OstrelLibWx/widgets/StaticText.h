@@ -32,6 +32,9 @@ public:
     /// Draws what the window shows. Where GTK draws the label, for off-screen pictures alone.
     virtual void paint(wxDC& dc) const;
 
+    /// A label notices the mouse's coming and going from the first handler on that is bound to it.
+    bool OnDynamicBind(wxDynamicEventTableEntry& entry) override;
+
 protected:
     [[nodiscard]] wxSize DoGetBestClientSize() const override;
 
@@ -39,7 +42,15 @@ private:
     void onPaint(wxPaintEvent& event);
     void showText();
 
+    /// What the text takes, and for which text and font.
+    struct Measured {
+        wxString label;
+        wxFont font;
+        wxSize size;
+    };
+
     String _label; ///< as set last, before wrapping
+    mutable Measured _measured;
 };
 
 } // namespace Ostrel::Wx

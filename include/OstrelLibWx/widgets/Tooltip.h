@@ -40,6 +40,9 @@ public:
     /// The lines that the text was broken into.
     [[nodiscard]] ArrayView<const String> getLines() const;
 
+    /// Shown by its owner, it stays where it is, and goes as it would otherwise.
+    bool Show(bool show = true) override;
+
     /// A tooltip is for reading alone.
     [[nodiscard]] bool AcceptsFocus() const override { return false; }
 

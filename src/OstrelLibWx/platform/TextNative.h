@@ -73,7 +73,7 @@ void makeTextFieldCompact(wxTextCtrl& text);
 
 // Input
 
-/// Has a new label notice the mouse's coming and going. Windows' labels do already.
+/// Has a label notice the mouse's coming and going, if it does not yet. Windows' labels do already.
 void makeLabelHearMouse(wxStaticText& label);
 
 /// The cursor over the label alone. Needs `makeLabelHearMouse`.

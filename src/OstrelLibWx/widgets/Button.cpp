@@ -36,7 +36,7 @@ Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString& la
     : RawaBorder(borderState, parent, id, "Button")
     , TooltipWindow(this)
     , _impl(new Impl{label, disabledBitmap, bitmap, ButtonModel(behavior == TOGGLE), skin, std::move(onClick)}) {
-    SetFont(setupStaticTextFont(GetFont(), {}));
+    SetFont(setupStaticTextFont(m_font, {}));
     applyColours();
     Bind(wxEVT_LEFT_UP, &Button::onMouseUp, this);
     Bind(wxEVT_LEFT_DOWN, &Button::onMouseDown, this);

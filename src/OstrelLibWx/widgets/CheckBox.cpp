@@ -53,7 +53,7 @@ CheckBox::CheckBox(wxWindow* parent, int id, const String& label, const wxPoint&
         measureLabel();
         event.Skip();
     });
-    SetFont(setupStaticTextFont(GetFont(), {}));
+    SetFont(setupStaticTextFont(m_font, {}));
     SetInitialSize(scaleByDpi(size));
 }
 

@@ -60,7 +60,7 @@ public:
             measureTitle();
             event.Skip();
         });
-        SetFont(setupStaticTextFont(GetFont(), TextFlag::BOLD));
+        SetFont(setupStaticTextFont(m_font, TextFlag::BOLD));
     }
 
     bool SetFont(const wxFont& font) override {

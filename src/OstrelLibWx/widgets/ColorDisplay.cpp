@@ -5,20 +5,14 @@
 
 #include "painting/PixelDrawing.h"
 
-#include <wx/dcbuffer.h>
-
 #include <utility>
 
 namespace Ostrel::Wx {
 
 ColorDisplay::ColorDisplay(wxWindow* parent, wxSize size)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, "ColorDisplay") {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    : PaintedPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE,
+                   "ColorDisplay") {
     SetMinSize(scaleByDpi(size));
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
 }
 
 void ColorDisplay::setColor(const Rgb& color) {

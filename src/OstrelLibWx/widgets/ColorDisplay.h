@@ -2,15 +2,14 @@
 
 #include <OstrelLib/Color.h>
 #include <OstrelLibWx/Export.h>
-
-#include <wx/panel.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 namespace Ostrel::Wx {
 
 /// A plain area of one colour. It takes no focus.
 ///
 /// Exported for the library's own tests alone.
-class OSTREL_WX_API ColorDisplay : public wxPanel {
+class OSTREL_WX_API ColorDisplay : public PaintedPanel {
 public:
     /// @param size in design pixels
     ColorDisplay(wxWindow* parent, wxSize size);
@@ -19,8 +18,7 @@ public:
     void setColor(const Rgb& color);
     [[nodiscard]] const Rgb& getColor() const { return _color; }
 
-    /// Draws all that the control shows onto a screen's or a bitmap's device context.
-    void paint(wxDC& dc) const;
+    void paint(wxDC& dc) const override;
 
     [[nodiscard]] bool AcceptsFocus() const override { return false; }
 

@@ -142,9 +142,11 @@ void ColorPicker::setGlobalStateAccessor(AutoPtr<IGlobalStateAccessor>&& accesso
 }
 
 struct ColorPicker::Impl {
-    Impl(ColorPicker& owner, bool withAlpha)
+    Impl(ColorPicker& owner, bool withAlpha, const Rgb& color)
         : dialog(owner)
-        , state(withAlpha) {}
+        , state(withAlpha) {
+        state.setReference(color);
+    }
 
     ColorPicker& dialog;
     ColorState state;
@@ -188,7 +190,7 @@ struct ColorPicker::Impl {
             if (strip == ColorStrip::ALPHA && !state.hasAlpha()) {
                 continue;
             }
-            rows[i] = new ColorSliderWithSpinner(makeStripColors(strip), &dialog);
+            rows[i] = new ColorSliderWithSpinner(makeStripColors(strip), &dialog, state.getPosition(strip));
             rows[i]->onValueChanged = [this, strip](float position, float number) {
                 edit([=](ColorState& edited) { edited.editStrip(strip, position, number); });
             };
@@ -209,17 +211,17 @@ struct ColorPicker::Impl {
             };
             return eyeDropper;
         };
-        eyeDroppers = {create(decodeAsset(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
-                       create(decodeAsset(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
+        eyeDroppers = {create(getAsset(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
+                       create(getAsset(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
                               &ColorState::editNeutralizing)};
-        averaging = new wxChoice(&dialog, wxID_ANY);
+        averaging = new wxChoice(&dialog, wxID_ANY, wxDefaultPosition, wxSize(1, 1));
         for (const EyeDropperAveraging& row : EYE_DROPPER_AVERAGING_TABLE) {
             averaging->Append(row.label);
         }
         averaging->SetSelection(0);
-        averaging->SetFont(setupStaticTextFont(averaging->GetFont(), {}));
+        averaging->SetFont(setupStaticTextFont({}, {}));
         applySkinRecursive(averaging, SKIN);
-        Detail::dressChoice(*averaging, toWxColour(SKIN.background), toWxColour(SKIN.text), toWxColour(SKIN.darkGrey));
+        Detail::dressChoice(*averaging, SKIN);
         averaging->SetMinSize(scaleByDpi(wxSize(CHOICE_WIDTH, -1)));
         averaging->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
             setAveraging(static_cast<std::size_t>(std::max(event.GetSelection(), 0)));
@@ -229,10 +231,11 @@ struct ColorPicker::Impl {
     void createOptions() {
         for (std::size_t i = 0; i < ranges.size(); ++i) {
             const RangeOption& option = RANGE_OPTIONS[i];
-            ranges[i] = new wxRadioButton(&dialog, wxID_ANY, option.label, wxDefaultPosition, wxDefaultSize,
+            ranges[i] = new wxRadioButton(&dialog, wxID_ANY, option.label, wxDefaultPosition, wxSize(1, 1),
                                           i == 0 ? wxRB_GROUP : 0);
-            ranges[i]->SetFont(setupStaticTextFont(ranges[i]->GetFont(), {}));
-            applySkinRecursive(ranges[i], SKIN);
+            ranges[i]->SetFont(setupStaticTextFont({}, {}));
+            Detail::dressRadioButton(*ranges[i], SKIN);
+            ranges[i]->SetMinSize(wxDefaultSize);
             new Tooltip(ranges[i], RANGE_TOOLTIP);
             ranges[i]->Bind(wxEVT_RADIOBUTTON, [this, &option](wxCommandEvent&) { dialog.setRange(option.range); });
         }
@@ -345,7 +348,9 @@ struct ColorPicker::Impl {
         grid->Add(makeButtonRow(type), 0, wxALIGN_RIGHT);
         auto* const border = new wxBoxSizer(wxHORIZONTAL);
         border->Add(grid, 0, wxALL, scaleByDpi(GAP));
-        dialog.SetSizerAndFit(border);
+        // Not by `SetSizerAndFit`, after which GTK's toolkit lays all of it out once more when the dialog is shown.
+        dialog.SetSizer(border);
+        dialog.SetClientSize(border->ComputeFittingClientSize(&dialog));
     }
 
     // The views
@@ -508,7 +513,7 @@ struct ColorPicker::Impl {
 ColorPicker::ColorPicker(wxWindow* parent, const String& title, wxPoint position, const Rgb& initialColor,
                          DialogType type, ColorFormat format)
     : wxDialog(parent, wxID_ANY, toWx(title), position, wxDefaultSize, wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX)
-    , _impl(new Impl(*this, format == ColorFormat::WITH_ALPHA)) {
+    , _impl(new Impl(*this, format == ColorFormat::WITH_ALPHA, initialColor)) {
     SetForegroundColour(toWxColour(SKIN.text)); // which the labels inherit
     SetBackgroundColour(toWxColour(SKIN.background));
     setNimbraIcon(this);

@@ -10,7 +10,6 @@
 #include "platform/Native.h"
 
 #include <wx/app.h>
-#include <wx/dcbuffer.h>
 #include <wx/dnd.h>
 #include <wx/frame.h>
 #include <wx/utils.h>
@@ -88,14 +87,10 @@ struct ColorPickerButton::Impl {
 };
 
 ColorPickerButton::ColorPickerButton(wxWindow* parent, const String& label, wxSize size, bool enabled)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE)
+    : PaintedPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE,
+                   "ColorPickerButton")
     , _impl(new Impl{.label = label}) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(scaleByDpi(size));
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
     Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent&) {});
     Bind(wxEVT_LEFT_DOWN, &ColorPickerButton::onMouseDown, this);
     // The second press of a double-click is a press like any other.
@@ -158,7 +153,7 @@ bool ColorPickerButton::Enable(bool enable) {
         endPress(); // a disabled window hears of no release, and would keep the mouse
     }
     Refresh();
-    return wxPanel::Enable(enable);
+    return PaintedPanel::Enable(enable);
 }
 
 void ColorPickerButton::paint(wxDC& dc) const {

@@ -21,11 +21,13 @@ constexpr float FIRST_STEP = 1.0F;
 
 } // namespace
 
-ColorSliderWithSpinner::ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent)
+ColorSliderWithSpinner::ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent, float firstPosition)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE) {
     _slider = new ColorSlider(std::move(colors), this, wxSize(SLIDER_WIDTH, SLIDER_HEIGHT));
+    _slider->setPosition(firstPosition);
+    _shownNumber = getNumber();
     _spinner = new Spinner(this, wxID_ANY, SPINNER_TEXT_WIDTH, static_cast<float>(_range.min),
-                           static_cast<float>(_range.max), static_cast<float>(_range.min), 0, FIRST_STEP);
+                           static_cast<float>(_range.max), _shownNumber, 0, FIRST_STEP);
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(_slider, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, scaleByDpi(GAP));
     sizer->Add(_spinner, 0, wxALIGN_CENTER_VERTICAL);

@@ -21,7 +21,7 @@ public:
     using PositionValueMap = Wx::PositionValueMap;
 
     /// The number runs from 0 to 255 in steps of 1, without decimals, and without a map.
-    ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent);
+    ColorSliderWithSpinner(StripColorFunction colors, wxWindow* parent, float firstPosition = 0.0F);
 
     /// Other numbers for the same positions. The marker and the colours stay as they are.
     /// @param digits behind the decimal separator
@@ -58,7 +58,7 @@ private:
     PositionValueFunction _map;
     ColorSlider* _slider;
     Spinner* _spinner;
-    float _shownNumber = 0.0F; ///< before the spinner rounded it
+    float _shownNumber; ///< before the spinner rounded it
 };
 
 } // namespace Ostrel::Wx

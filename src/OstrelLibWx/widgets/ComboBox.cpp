@@ -37,14 +37,6 @@ constexpr MoveKey MOVE_KEYS[] = {
     {WXK_END, ComboBoxMove::LAST},
 };
 
-wxBitmap decodeNormalArrow() {
-    return decodeAsset(Detail::Assets::COMBO_BOX_ARROW, Detail::Assets::COMBO_BOX_ARROW_SIZE);
-}
-
-wxBitmap decodeHoveredArrow() {
-    return decodeAsset(Detail::Assets::COMBO_BOX_ARROW_HOVERED, Detail::Assets::COMBO_BOX_ARROW_HOVERED_SIZE);
-}
-
 } // namespace
 
 struct ComboBox::Impl {
@@ -52,8 +44,9 @@ struct ComboBox::Impl {
     Function<void(int)> onSelect;
     Function<void(wxWindow*, WindowEvent)> onWindowEvent;
     wxWeakRef<ComboBoxDropdown> dropdown{};
-    wxBitmap arrow = decodeNormalArrow();
-    wxBitmap hoveredArrow = decodeHoveredArrow();
+    wxBitmap arrow = getAsset(Detail::Assets::COMBO_BOX_ARROW, Detail::Assets::COMBO_BOX_ARROW_SIZE);
+    wxBitmap hoveredArrow =
+        getAsset(Detail::Assets::COMBO_BOX_ARROW_HOVERED, Detail::Assets::COMBO_BOX_ARROW_HOVERED_SIZE);
     wxBitmap disabledArrow = arrow.ConvertToDisabled(DISABLED_BRIGHTNESS);
     wxString shownText{}; ///< of the selected row
     bool open = false;
@@ -66,7 +59,7 @@ ComboBox::ComboBox(wxWindow* parent, int id, int width, const Function<void(int)
     : SkinnableMixin<RawaBorder>(RawaBorderState::ENABLED, parent, id, "ComboBox")
     , _impl(new Impl{.onSelect = onSelect, .onWindowEvent = onWindowEvent}) {
     makeDropdown();
-    SetFont(setupStaticTextFont(GetFont(), {}));
+    SetFont(setupStaticTextFont(m_font, {}));
     applySkin(GuiSkin());
     const auto onPress = [this](wxMouseEvent&) { toggle(); };
     Bind(wxEVT_LEFT_DOWN, onPress);

@@ -42,7 +42,7 @@ public:
         SetBackgroundStyle(wxBG_STYLE_PAINT);
         SetScrollRate(0, _list._rows.getScrollUnit());
         ShowScrollbars(wxSHOW_SB_NEVER, wxSHOW_SB_DEFAULT);
-        SetFont(setupStaticTextFont(GetFont(), {}));
+        SetFont(setupStaticTextFont(m_font, {}));
         Bind(wxEVT_PAINT, &Canvas::onPaint, this);
         Bind(wxEVT_MOTION, &Canvas::onMotion, this);
         Bind(wxEVT_LEFT_UP, &Canvas::onMouseUp, this);

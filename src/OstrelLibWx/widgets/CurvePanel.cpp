@@ -9,7 +9,6 @@
 #include "widgets/Require.h"
 
 #include <wx/cursor.h>
-#include <wx/dcbuffer.h>
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
@@ -58,14 +57,12 @@ struct CurvePanel::Impl {
 
 CurvePanel::CurvePanel(wxWindow* parent, const GuiSkin& skin, wxSize size, ColorCurve curves,
                        SharedPtr<ICurvePanelCallbacks> callbacks)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, size, wxNO_BORDER | wxTAB_TRAVERSAL)
+    : PaintedPanel(parent, wxID_ANY, wxDefaultPosition, size, wxNO_BORDER | wxTAB_TRAVERSAL, "CurvePanel")
     , _impl(new Impl{
           .editing = CurveEditing(std::move(curves), scaleByDpi(MARGIN), scaleByDpi(HIT_RADIUS)),
           .callbacks = require(std::move(callbacks), "widgets/CurvePanel", __LINE__),
           .skin = skin,
           .painting = CurvePanelPainting({.line = scaleByDpi(LINE_WIDTH), .pointRadius = scaleByDpi(POINT_RADIUS)})}) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
-    Bind(wxEVT_PAINT, &CurvePanel::onPaint, this);
     Bind(wxEVT_LEFT_DOWN, &CurvePanel::onMouseDown, this);
     // The second press of a double-click is a press like any other.
     Bind(wxEVT_LEFT_DCLICK, &CurvePanel::onMouseDown, this);
@@ -199,16 +196,11 @@ bool CurvePanel::Enable(bool enable) {
     if (!enable) {
         endDrag(); // a disabled window hears of no release, and would keep the mouse
     }
-    return wxPanel::Enable(enable);
+    return PaintedPanel::Enable(enable);
 }
 
 void CurvePanel::paint(wxDC& dc) const {
     _impl->painting.paint(dc, _impl->editing, _impl->skin);
-}
-
-void CurvePanel::onPaint(wxPaintEvent&) {
-    wxAutoBufferedPaintDC dc(this);
-    paint(dc);
 }
 
 void CurvePanel::onMouseDown(wxMouseEvent& event) {

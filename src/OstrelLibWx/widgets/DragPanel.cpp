@@ -2,19 +2,13 @@
 
 #include <OstrelLibWx/WindowUtils.h>
 
-#include <wx/dcbuffer.h>
 #include <wx/weakref.h>
 
 namespace Ostrel::Wx {
 
 DragPanel::DragPanel(wxWindow* parent, wxSize size, const wxString& name)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, name) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT); // no erasing: it would flicker
+    : PaintedPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE, name) {
     SetMinSize(scaleByDpi(size));
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
     Bind(wxEVT_LEFT_DOWN, &DragPanel::onLeftDown, this);
     // The second press of a double-click is a press like any other.
     Bind(wxEVT_LEFT_DCLICK, &DragPanel::onLeftDown, this);

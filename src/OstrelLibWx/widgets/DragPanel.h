@@ -2,8 +2,7 @@
 
 #include <OstrelLib/Types.h>
 #include <OstrelLibWx/Export.h>
-
-#include <wx/panel.h>
+#include <OstrelLibWx/widgets/PaintedPanel.h>
 
 namespace Ostrel::Wx {
 
@@ -11,13 +10,10 @@ namespace Ostrel::Wx {
 /// with a press, so that a text that is being typed elsewhere is set first. It takes no focus from the keyboard.
 ///
 /// Exported for the library's own tests alone, as the classes made of it.
-class OSTREL_WX_API DragPanel : public wxPanel {
+class OSTREL_WX_API DragPanel : public PaintedPanel {
 public:
     /// Releases the mouse if it is held.
     ~DragPanel() override;
-
-    /// Draws all that the control shows onto a screen's or a bitmap's device context.
-    virtual void paint(wxDC& dc) const = 0;
 
     [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
 

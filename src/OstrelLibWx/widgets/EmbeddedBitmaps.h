@@ -1,14 +1,19 @@
 #pragma once
 
-#include <OstrelLibWx/BitmapUtils.h>
-#include <OstrelLibWx/WindowUtils.h>
+#include <wx/bitmap.h>
+
+#include <cstddef>
 
 namespace Ostrel::Wx {
 
-/// A small picture that is embedded in the library, as PNG, in the screen's scale.
-[[nodiscard]] inline wxBitmap decodeAsset(const unsigned char* data, std::size_t size) {
-    return scaleByDpi(
-        convertMemoryToBitmap(reinterpret_cast<const unsigned*>(data), static_cast<int>(size), wxBITMAP_TYPE_PNG));
-}
+/// A small picture that is embedded in the library, as PNG, in the screen's scale. It is decoded once while the library
+/// is up; who changes it copies it first.
+[[nodiscard]] wxBitmap getAsset(const unsigned char* data, std::size_t size);
+
+/// The same, pixel for pixel.
+[[nodiscard]] wxBitmap getUnscaledAsset(const unsigned char* data, std::size_t size);
+
+/// To be called before the toolkit goes, with which bitmaps end.
+void forgetAssets();
 
 } // namespace Ostrel::Wx

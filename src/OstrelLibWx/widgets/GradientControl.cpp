@@ -7,7 +7,6 @@
 #include "painting/GradientPainting.h"
 #include "painting/ToolkitTypes.h"
 
-#include <wx/dcbuffer.h>
 #include <wx/weakref.h>
 
 #include <utility>
@@ -30,12 +29,12 @@ struct GradientControl::Impl {
 };
 
 GradientControl::GradientControl(wxWindow* parent, wxSize size, float min, float max)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE)
+    : PaintedPanel(parent, wxID_ANY, wxDefaultPosition, scaleByDpi(size), wxTAB_TRAVERSAL | wxBORDER_NONE,
+                   "GradientControl")
     , _impl(new Impl{.editing = GradientEditing(scaleByDpi(HANDLE_DIAMETER) / 2),
                      .picker =
                          new ColorPicker(this, "Set gradient control point color", wxDefaultPosition, {},
                                          ColorPicker::DialogType::CONFIRM, ColorPicker::ColorFormat::WITHOUT_ALPHA)}) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(scaleByDpi(size));
     setMinMaxPosition(min, max);
     const auto followSize = [this] {
@@ -47,10 +46,6 @@ GradientControl::GradientControl(wxWindow* parent, wxSize size, float min, float
     Bind(wxEVT_SIZE, [followSize](wxSizeEvent& event) {
         followSize();
         event.Skip();
-    });
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
     });
     Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent&) {});
     Bind(wxEVT_LEFT_DOWN, &GradientControl::onMouseDown, this);
@@ -90,7 +85,7 @@ bool GradientControl::Enable(bool enable) {
     if (!enable && HasCapture()) {
         endDrag(); // a disabled window hears of no release, and would keep the mouse
     }
-    return self && wxPanel::Enable(enable);
+    return self && PaintedPanel::Enable(enable);
 }
 
 void GradientControl::paint(wxDC& dc) const {

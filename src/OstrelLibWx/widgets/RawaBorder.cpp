@@ -3,18 +3,11 @@
 #include "painting/BorderPainting.h"
 #include "painting/PixelDrawing.h"
 
-#include <wx/dcbuffer.h>
-
 namespace Ostrel {
 
 RawaBorder::RawaBorder(Flags<RawaBorderState> initialState, wxWindow* parent, int id, const wxString& name)
-    : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, name)
+    : PaintedPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, name)
     , _borderState(initialState) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
-    Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
-        wxAutoBufferedPaintDC dc(this);
-        paint(dc);
-    });
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent& event) {
         setMouseOver(false);
         event.Skip();
@@ -34,7 +27,7 @@ bool RawaBorder::Enable(bool enable) {
     if (enable && !IsThisEnabled() && !GetScreenRect().Contains(wxGetMousePosition())) {
         setBorderState(RawaBorderState::MOUSE_OVER, false);
     }
-    const bool changed = wxPanel::Enable(enable);
+    const bool changed = PaintedPanel::Enable(enable);
     Refresh(false);
     return changed;
 }

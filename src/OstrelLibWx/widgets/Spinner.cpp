@@ -20,7 +20,6 @@
 #include <wx/timer.h>
 #include <wx/weakref.h>
 
-#include <memory>
 #include <utility>
 
 namespace Ostrel::Wx {
@@ -46,27 +45,16 @@ enum ArrowLook { NORMAL, HOVERED, PRESSED, ARROW_LOOK_COUNT };
 
 using ArrowBitmaps = std::array<wxBitmap, ARROW_LOOK_COUNT>;
 
-struct BothArrows {
-    ArrowBitmaps up, down;
-};
-
-SharedPtr<const BothArrows> decodeArrows() {
+ArrowBitmaps getUpArrow() {
     using namespace Detail::Assets;
-    return std::make_shared<const BothArrows>(BothArrows{
-        {decodeAsset(SPINNER_UP, SPINNER_UP_SIZE), decodeAsset(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
-         decodeAsset(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)},
-        {decodeAsset(SPINNER_DOWN, SPINNER_DOWN_SIZE), decodeAsset(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
-         decodeAsset(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)}});
+    return {getAsset(SPINNER_UP, SPINNER_UP_SIZE), getAsset(SPINNER_UP_HOVERED, SPINNER_UP_HOVERED_SIZE),
+            getAsset(SPINNER_UP_PRESSED, SPINNER_UP_PRESSED_SIZE)};
 }
 
-/// Decoded once for all spinners that there are at a time.
-SharedPtr<const BothArrows> shareArrows() {
-    static std::weak_ptr<const BothArrows> shared;
-    SharedPtr<const BothArrows> arrows = shared.lock();
-    if (!arrows) {
-        shared = arrows = decodeArrows();
-    }
-    return arrows;
+ArrowBitmaps getDownArrow() {
+    using namespace Detail::Assets;
+    return {getAsset(SPINNER_DOWN, SPINNER_DOWN_SIZE), getAsset(SPINNER_DOWN_HOVERED, SPINNER_DOWN_HOVERED_SIZE),
+            getAsset(SPINNER_DOWN_PRESSED, SPINNER_DOWN_PRESSED_SIZE)};
 }
 
 } // namespace
@@ -90,6 +78,10 @@ public:
         setBitmap(enabled ? _bitmaps[NORMAL] : _bitmaps[NORMAL].ConvertToDisabled(DISABLED_BRIGHTNESS));
         _look = NORMAL;
     }
+
+    /// The spinner's shows through, and a native window without colours of its own is made sooner.
+    bool SetBackgroundColour(const wxColour& colour) override { return wxWindowBase::SetBackgroundColour(colour); }
+    bool SetForegroundColour(const wxColour& colour) override { return wxWindowBase::SetForegroundColour(colour); }
 
     [[nodiscard]] bool AcceptsFocus() const override { return false; }
     [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
@@ -137,7 +129,6 @@ struct Spinner::Impl {
     SpinnerPress press{};
     wxTimer repeatTimer{};
     Bucket workArea{}; ///< in which the pointer was seen last during this drag
-    SharedPtr<const BothArrows> arrows{};
     Frame* frame = nullptr;
     TextControl* text = nullptr;
     Arrow* up = nullptr;
@@ -146,7 +137,7 @@ struct Spinner::Impl {
 
 Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, float defaultValue, int precision,
                  float step)
-    : wxPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE)
+    : PaintedPanel(parent, id, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE, "Spinner")
     , _impl(new Impl) {
     auto* const frame = _impl->frame = new Frame(this);
     const int textHeight = scaleByDpi(1) == 1 ? TEXT_HEIGHT : TEXT_HEIGHT_IN_DOUBLED_PIXELS;
@@ -157,9 +148,8 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     frameSizer->Add(text, 1, wxALL | wxEXPAND, FRAME_WIDTH);
     frame->SetSizerAndFit(frameSizer);
 
-    _impl->arrows = shareArrows();
-    _impl->up = new Arrow(this, _impl->arrows->up);
-    _impl->down = new Arrow(this, _impl->arrows->down);
+    _impl->up = new Arrow(this, getUpArrow());
+    _impl->down = new Arrow(this, getDownArrow());
     auto* const arrowSizer = new wxBoxSizer(wxVERTICAL);
     arrowSizer->Add(_impl->up);
     arrowSizer->Add(_impl->down);
@@ -167,6 +157,8 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     sizer->Add(frame, 0, wxALIGN_CENTER);
     sizer->Add(arrowSizer);
     SetSizerAndFit(sizer);
+    // Only kept, and told to the field with the colour of its text: GTK resolves a style anew at each change.
+    text->wxWindowBase::SetBackgroundColour(toWxColour(GuiSkin().background));
     applySkinRecursive(this, GuiSkin());
 
     for (Arrow* const arrow : {_impl->up, _impl->down}) {
@@ -193,10 +185,12 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     Bind(wxEVT_TIMER, &Spinner::onTimer, this);
     Bind(wxEVT_SPINCTRLDOUBLE, &Spinner::onValueEvent, this);
 
-    _impl->number.configure({min, max, defaultValue, step});
-    setPrecision(precision, true); // told to the windows around: the number before the default one
-    setValue(defaultValue, false);
     _impl->repeatTimer.SetOwner(this);
+    _impl->number.configure({min, max, defaultValue, step});
+    _impl->number.setPrecision([precision] { return precision; });
+    _impl->number.reapply();
+    (void)notifyValue(); // to the windows around: the number before the default one, which is not shown
+    setValue(defaultValue, false);
 }
 
 Spinner::~Spinner() {
@@ -257,6 +251,11 @@ void Spinner::SetFocus() {
     }
 }
 
+void Spinner::paint(wxDC& dc) const {
+    const wxSize size = GetClientSize();
+    fillPixels(dc, {{0, 0}, {size.x, size.y}}, GetBackgroundColour());
+}
+
 bool Spinner::Enable(bool enable) {
     if (!enable && ((_impl->press.isPressed() && !endPress()) || (_impl->text->HasFocus() && !commit()))) {
         return false;
@@ -265,7 +264,7 @@ bool Spinner::Enable(bool enable) {
     for (Arrow* const arrow : {_impl->up, _impl->down}) {
         arrow->showEnabled(enable);
     }
-    return wxPanel::Enable(enable);
+    return PaintedPanel::Enable(enable);
 }
 
 void Spinner::onPress(wxMouseEvent& event) {
@@ -424,9 +423,11 @@ bool Spinner::showValue(bool notify) {
         _impl->text->ChangeValue(text);
     }
     Refresh();
-    if (!notify) {
-        return true;
-    }
+    return !notify || notifyValue();
+}
+
+/// False if the spinner was destroyed by a handler.
+bool Spinner::notifyValue() {
     wxSpinDoubleEvent event(wxEVT_SPINCTRLDOUBLE, GetId(), static_cast<double>(getValue()));
     return send(event);
 }

@@ -8,6 +8,7 @@
 
 #include <wx/arrstr.h>
 #include <wx/dcclient.h>
+#include <wx/settings.h>
 
 #include <algorithm>
 
@@ -22,14 +23,28 @@ constexpr RgbBytes DISABLED_COLOUR{110, 110, 110};
 
 StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned int style, Flags<TextFlag> flags,
                        wxSize size)
-    : wxStaticText(parent, id, toWx(text), wxDefaultPosition, scaleByDpi(size), static_cast<long>(style))
+    // Measuring takes longest: it waits until text and font are there.
+    : wxStaticText(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1),
+                   static_cast<long>(style) | wxST_NO_AUTORESIZE)
     , TooltipWindow(this)
     , _label(text) {
     Bind(wxEVT_PAINT, &StaticText::onPaint, this);
-    Detail::makeLabelHearMouse(*this);
     Detail::setDisabledTextColour(*this, toWxColour(DISABLED_COLOUR));
-    SetFont(setupStaticTextFont(GetFont(), flags));
-    showText();
+    const wxFont font = setupStaticTextFont(m_font, flags);
+    if (!m_font.IsOk()) {
+        m_font = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT); // GTK's toolkit asks a second label for it
+    }
+    SetFont(font);
+    SetLabel(toWx(text));
+    if ((style & wxST_NO_AUTORESIZE) == 0) {
+        m_windowStyle &= ~wxST_NO_AUTORESIZE;
+    }
+    if (HasFlag(wxST_NO_AUTORESIZE)) {
+        SetInitialSize(scaleByDpi(size));
+    } else {
+        SetMinSize(scaleByDpi(size));
+        AutoResizeIfNecessary();
+    }
 }
 
 void StaticText::SetLabel(const wxString& label) {
@@ -52,13 +67,25 @@ void StaticText::paint(wxDC& dc) const {
 }
 
 wxSize StaticText::DoGetBestClientSize() const {
-    // The toolkit's own measures the label without its '&'s. One more row than the text: the toolkit's labels have it.
-    wxSize size;
-    for (const wxString& line : wxSplit(GetLabel(), '\n', '\0')) {
-        const wxSize extent = GetTextExtent(line.empty() ? wxString(" ") : line);
-        size = wxSize(std::max(size.x, line.empty() ? 0 : extent.x), size.y + extent.y);
+    // The toolkit's own measures the label without its '&'s, and GTK's asks again when nothing has changed.
+    const wxString label = GetLabel();
+    const wxFont font = GetFont();
+    if (_measured.label != label || !_measured.font.IsSameAs(font)) {
+        _measured = {label, font, wxSize(0, 1)}; // one more row than the text: the toolkit's labels have it
+        for (const wxString& line : wxSplit(label, '\n', '\0')) {
+            const wxSize extent = GetTextExtent(line.empty() ? wxString(" ") : line);
+            _measured.size.x = std::max(_measured.size.x, line.empty() ? 0 : extent.x);
+            _measured.size.y += extent.y;
+        }
     }
-    return size + wxSize(0, 1);
+    return _measured.size;
+}
+
+bool StaticText::OnDynamicBind(wxDynamicEventTableEntry& entry) {
+    if (entry.m_eventType == wxEVT_ENTER_WINDOW || entry.m_eventType == wxEVT_LEAVE_WINDOW) {
+        Detail::makeLabelHearMouse(*this);
+    }
+    return wxStaticText::OnDynamicBind(entry);
 }
 
 void StaticText::onPaint(wxPaintEvent&) {

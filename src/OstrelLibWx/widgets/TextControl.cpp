@@ -24,7 +24,7 @@ TextControl::TextControl(wxWindow* parent, int id, const String& text, unsigned 
     Detail::makeTextFieldCompact(*this);
     Detail::setDisabledTextColour(*this, toWxColour(getSkin().grey));
     Detail::makeTabAskWindow(*this);
-    SetFont(setupStaticTextFont(GetFont(), flags));
+    SetFont(setupStaticTextFont(m_font, flags));
 }
 
 void TextControl::applySkin(const GuiSkin& skin) {

@@ -62,6 +62,16 @@ ArrayView<const String> Tooltip::getLines() const {
     return _lines;
 }
 
+bool Tooltip::Show(bool show) {
+    if (show && !IsShown()) {
+        fitToLines();
+        if (_lines.empty()) {
+            return false;
+        }
+    }
+    return wxPopupWindow::Show(show);
+}
+
 void Tooltip::breakText() const {
     if (!std::exchange(_broken, true)) {
         _lines = breakTooltipLines(_text, scaleByDpi(MAXIMUM_LINE_WIDTH),

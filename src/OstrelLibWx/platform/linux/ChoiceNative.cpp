@@ -1,13 +1,33 @@
 #include "platform/ChoiceNative.h"
 
+#include <OstrelLibWx/WindowUtils.h>
+#include <OstrelLibWx/widgets/GuiSkin.h>
+
 #include <gtk/gtk.h>
 #include <wx/choice.h>
+#include <wx/radiobut.h>
 
 #include <string>
+
+// A theme's arrows and marks are drawings that GTK reads, scales and colours anew for every widget with a style of its
+// own, which takes a fifth of the time that the colour picker takes to open. Those below are gradients.
 
 namespace Ostrel::Detail {
 
 namespace {
+
+/// Design pixels.
+constexpr int RADIO_WIDTH = 11;
+
+std::string define(const char* name, RgbBytes colour) {
+    return std::string("@define-color ") + name + " " +
+           Wx::toWxColour(colour).GetAsString(wxC2S_CSS_SYNTAX).ToStdString() + ";";
+}
+
+std::string defineColours(const Wx::GuiSkin& skin) {
+    return define("text", skin.text) + define("background", skin.background) + define("frame", skin.darkGrey) +
+           define("mark", skin.toggledText) + define("marked", skin.toggledBackground);
+}
 
 /// A style sheet holds for the widget that it is given to and not for what is inside.
 void addStyleSheet(GtkWidget* widget, gpointer provider) {
@@ -18,23 +38,35 @@ void addStyleSheet(GtkWidget* widget, gpointer provider) {
     }
 }
 
-std::string toCss(const wxColour& colour) {
-    return colour.GetAsString(wxC2S_CSS_SYNTAX).ToStdString();
+void addStyleSheet(const wxWindow& window, const std::string& css) {
+    GtkCssProvider* const provider = gtk_css_provider_new();
+    gtk_css_provider_load_from_data(provider, css.c_str(), -1, nullptr);
+    addStyleSheet(static_cast<GtkWidget*>(window.GetHandle()), provider);
+    g_object_unref(provider);
 }
 
 } // namespace
 
-void dressChoice(wxChoice& choice, const wxColour& background, const wxColour& foreground, const wxColour& frame) {
-    GtkCssProvider* const provider = gtk_css_provider_new();
-    const std::string css = "button{background:" + toCss(background) + ";border:1px solid " + toCss(frame) +
-                            ";border-radius:0;box-shadow:none;min-height:0;min-width:0;padding:1px 4px}"
-                            "*{color:" +
-                            toCss(foreground) +
-                            ";text-shadow:none;-gtk-icon-shadow:none;transition:none}"
-                            "cellview{background:none}arrow{min-width:12px}";
-    gtk_css_provider_load_from_data(provider, css.c_str(), -1, nullptr);
-    addStyleSheet(static_cast<GtkWidget*>(choice.GetHandle()), provider);
-    g_object_unref(provider);
+void dressChoice(wxChoice& choice, const Wx::GuiSkin& skin) {
+    addStyleSheet(choice, defineColours(skin) + R"(
+* { color: @text; text-shadow: none; transition: none; }
+button { background: @background; border: 1px solid @frame; border-radius: 0; box-shadow: none; min-height: 0;
+         min-width: 0; padding: 1px 4px; }
+cellview { background: none; }
+arrow { -gtk-icon-source: none; min-width: 8px; min-height: 4px; margin: 0 2px;
+        background-image: linear-gradient(to bottom left, @text 50%, transparent 50%),
+                          linear-gradient(to bottom right, @text 50%, transparent 50%);
+        background-size: 4px 4px; background-position: left center, right center; background-repeat: no-repeat; })");
+}
+
+void dressRadioButton(wxRadioButton& button, const Wx::GuiSkin& skin) {
+    const std::string width = std::to_string(Wx::scaleByDpi(RADIO_WIDTH)) + "px;";
+    addStyleSheet(button, defineColours(skin) + "radio { min-width: " + width + "min-height: " + width + "}" + R"(
+* { text-shadow: none; transition: none; }
+radio { -gtk-icon-source: none; margin: 0 4px 0 0; padding: 0; border: 1px solid @frame; border-radius: 50%;
+        box-shadow: none; background: @background; }
+radio:checked { background: radial-gradient(circle, @mark 30%, @marked 36%); }
+radio:hover { border-color: @marked; })");
 }
 
 } // namespace Ostrel::Detail

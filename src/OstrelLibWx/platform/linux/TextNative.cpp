@@ -461,6 +461,9 @@ void makeTextFieldCompact(wxTextCtrl& text) {
 
 void makeLabelHearMouse(wxStaticText& label) {
     GtkWidget* const widget = label.GetHandle();
+    if (g_object_get_data(G_OBJECT(widget), MouseWindow::NAME) != nullptr) {
+        return;
+    }
     g_object_set_data_full(G_OBJECT(widget), MouseWindow::NAME, new MouseWindow,
                            [](gpointer window) { delete static_cast<MouseWindow*>(window); });
     g_signal_connect_after(widget, "realize", G_CALLBACK(MouseWindow::onRealize), nullptr);

@@ -1,9 +1,11 @@
 #include "platform/ChoiceNative.h"
 
 #include <OstrelLibWx/WindowUtils.h>
+#include <OstrelLibWx/widgets/GuiSkin.h>
 
 #include <wx/choice.h>
 #include <wx/dcclient.h>
+#include <wx/radiobut.h>
 
 namespace Ostrel::Detail {
 
@@ -18,24 +20,30 @@ constexpr int ARROW_PLACE = 11;
 
 } // namespace
 
-void dressChoice(wxChoice& choice, const wxColour& background, const wxColour& foreground, const wxColour& frame) {
+void dressRadioButton(wxRadioButton& button, const Wx::GuiSkin& skin) {
+    button.SetBackgroundColour(Wx::toWxColour(skin.background));
+    button.SetForegroundColour(Wx::toWxColour(skin.text));
+}
+
+void dressChoice(wxChoice& choice, const Wx::GuiSkin& skin) {
     // Themed or not, the system frames its choices in white; the list takes the toolkit's colours.
     choice.Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent&) {});
-    choice.Bind(wxEVT_PAINT, [&choice, background, foreground, frame](wxPaintEvent&) {
+    choice.Bind(wxEVT_PAINT, [&choice, skin](wxPaintEvent&) {
+        const wxColour text = Wx::toWxColour(skin.text);
         wxPaintDC dc(&choice);
         wxRect area = choice.GetClientRect();
-        dc.SetPen(choice.HasFocus() ? foreground : frame);
-        dc.SetBrush(background);
+        dc.SetPen(choice.HasFocus() ? text : Wx::toWxColour(skin.darkGrey));
+        dc.SetBrush(Wx::toWxColour(skin.background));
         dc.DrawRectangle(area);
         const int halfWidth = Wx::scaleByDpi(ARROW_HALF_WIDTH);
         const int height = Wx::scaleByDpi(ARROW_HEIGHT);
         const wxPoint corners[] = {{-halfWidth, 0}, {halfWidth, 0}, {0, height}};
-        dc.SetPen(foreground);
-        dc.SetBrush(foreground);
+        dc.SetPen(text);
+        dc.SetBrush(text);
         dc.DrawPolygon(3, corners, area.GetRight() - Wx::scaleByDpi(ARROW_PLACE), (area.height - height) / 2);
         area.Deflate(Wx::scaleByDpi(TEXT_INDENT), 1);
         dc.SetFont(choice.GetFont());
-        dc.SetTextForeground(foreground);
+        dc.SetTextForeground(text);
         dc.DrawLabel(choice.GetStringSelection(), area, wxALIGN_CENTER_VERTICAL);
     });
 }
