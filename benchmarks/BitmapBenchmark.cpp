@@ -94,7 +94,7 @@ void loopToPixels(const unsigned char* bytes, ByteOrder order, BitmapImpl<Rgb>& 
     }
 }
 
-/// The loops alone, row by row, between memory that is there already.
+/// The conversion alone, between memory that is there already.
 void convertRows(benchmark::State& state, const Detail::PixelKernels& kernels, bool toBytes, ByteOrder order,
                  Size size) {
     if (&kernels == &Detail::AVX2_KERNELS && !Detail::hasAvx2()) {
@@ -102,21 +102,17 @@ void convertRows(benchmark::State& state, const Detail::PixelKernels& kernels, b
         return;
     }
     BitmapImpl<Rgb> image = makeImage(size);
-    const auto width = static_cast<std::size_t>(size.width);
-    const std::size_t rowSize = width * Detail::getPixelSize(order);
+    const std::size_t rowSize = static_cast<std::size_t>(size.width) * Detail::getPixelSize(order);
     Bytes bytes(rowSize * static_cast<std::size_t>(size.height), 77);
     const std::size_t half = (bytes.size() + image.size() * sizeof(Rgb)) / 2;
     const Bytes from(half, 1);
     Bytes to(half, 2);
-    const auto index = static_cast<std::size_t>(order);
+    const auto stride = static_cast<std::ptrdiff_t>(rowSize);
     const auto convert = [&] {
-        for (int y = 0; y < size.height; ++y) {
-            unsigned char* const row = bytes.data() + static_cast<std::size_t>(y) * rowSize;
-            if (toBytes) {
-                kernels.toBytes[index](&image.row(y).front().red, width, row);
-            } else {
-                kernels.toPixels[index](row, width, &image.row(y).front().red);
-            }
+        if (toBytes) {
+            Detail::convertToBytes(kernels, image, order, bytes.data(), stride);
+        } else {
+            Detail::convertToPixels(kernels, bytes.data(), stride, order, image);
         }
     };
     measureInTurns(

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <OstrelLib/Color.h>
+#include <OstrelLib/Export.h>
 #include <OstrelLib/ImageFormat.h>
 #include <OstrelLib/Types.h>
 
 #include <cstddef>
-#include <memory>
+#include <limits>
 #include <new>
 #include <stdexcept>
 #include <type_traits>
@@ -16,16 +17,30 @@ namespace Ostrel {
 
 namespace Detail {
 
-/// The memory of a picture: what is made without a value holds what the memory held before.
+/// Memory for pixels, which begins with a line of the processor's cache: reading and writing across the ends of lines
+/// takes twice as long. Where the system has larger pages for who asks for them, large pictures get these: the system
+/// hands out a page when it is first written, and one by one the small ones take far longer than a conversion.
+/// @throws std::bad_alloc
+[[nodiscard]] OSTREL_API void* allocatePixels(std::size_t byteCount);
+/// @param byteCount as it was allocated
+OSTREL_API void freePixels(void* memory, std::size_t byteCount) noexcept;
+
+/// What is made without a value holds what the memory held before.
 template <class T>
-struct PixelAllocator : std::allocator<T> {
+struct PixelAllocator {
+    using value_type = T;
+
     PixelAllocator() = default;
     template <class U>
     explicit PixelAllocator(const PixelAllocator<U>&) noexcept {}
-    template <class U>
-    struct rebind {
-        using other = PixelAllocator<U>;
-    };
+
+    [[nodiscard]] T* allocate(std::size_t count) {
+        if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) {
+            throw std::bad_array_new_length();
+        }
+        return static_cast<T*>(allocatePixels(count * sizeof(T)));
+    }
+    void deallocate(T* memory, std::size_t count) noexcept { freePixels(memory, count * sizeof(T)); }
 
     template <class U>
     void construct(U*) noexcept {
@@ -35,6 +50,8 @@ struct PixelAllocator : std::allocator<T> {
     void construct(U* place, Values&&... values) {
         ::new (static_cast<void*>(place)) U(std::forward<Values>(values)...);
     }
+
+    friend bool operator==(const PixelAllocator&, const PixelAllocator&) { return true; }
 };
 
 } // namespace Detail

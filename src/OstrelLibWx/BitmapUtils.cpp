@@ -36,9 +36,8 @@ Expected<BitmapImpl<Rgb>, String> readPixels(wxBitmap& bitmap) {
         return Unexpected<String>(UNSUPPORTED_DEPTH);
     }
     auto image = BitmapImpl<Rgb>::makeUnwritten(data.GetWidth(), data.GetHeight());
-    for (int y = 0; y < image.getHeight(); ++y) {
-        Detail::convertToPixels(Detail::getBitmapRow(data, y), Detail::getBitmapByteOrder<Format>(), image.row(y));
-    }
+    Detail::convertToPixels(Detail::getBitmapRow(data, 0), data.GetRowStride(), Detail::getBitmapByteOrder<Format>(),
+                            image);
     return image;
 }
 
@@ -52,9 +51,8 @@ wxBitmap writePixels(const BitmapImpl<Rgb>& image, int depth) {
     if (!data) {
         return {};
     }
-    for (int y = 0; y < image.getHeight(); ++y) {
-        Detail::convertToBytes(image.row(y), Detail::getBitmapByteOrder<Format>(), Detail::getBitmapRow(data, y));
-    }
+    Detail::convertToBytes(image, Detail::getBitmapByteOrder<Format>(), Detail::getBitmapRow(data, 0),
+                           data.GetRowStride());
     return bitmap;
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <numeric>
 #include <stdexcept>
@@ -32,6 +33,16 @@ TEST(Bitmap, IsEmptyOrFailsForOddSizes) {
         EXPECT_TRUE(bitmap.isEmpty() && bitmap.getWidth() == 0 && bitmap.getHeight() == 0) << width << " x " << height;
     }
     EXPECT_THROW(BitmapImpl<Rgb>(HUGE_SIZE, HUGE_SIZE), std::length_error);
+}
+
+TEST(Bitmap, BeginsWithALineOfTheCacheWhateverItsSize) {
+    for (const int size : {1, 3, 100, 700, 1500}) { // the last two take several megabytes
+        BitmapImpl<Rgb> bitmap(size, size, Rgb{1.0F, 2.0F, 3.0F});
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bitmap.data()) % 64, 0U) << size;
+        const BitmapImpl<Rgb> copy = bitmap;
+        bitmap = BitmapImpl<Rgb>();
+        EXPECT_EQ(copy(size - 1, size - 1), (Rgb{1.0F, 2.0F, 3.0F}));
+    }
 }
 
 TEST(Bitmap, IsEmptyAfterItsPixelsWereTaken) {

@@ -32,6 +32,12 @@ void convertToBytes(ArrayView<const Rgb> pixels, ByteOrder order, unsigned char*
 /// Each byte times 0.003921569, which is 1/255; alpha is 1 where there is no byte for it.
 void convertToPixels(const unsigned char* bytes, ByteOrder order, ArrayView<Rgb> pixels);
 
+/// The same for a whole picture.
+/// @param firstRow the bytes of the image's row 0
+/// @param stride from one row's bytes to the next one's; below 0 where the rows lie the other way round
+void convertToBytes(const BitmapImpl<Rgb>& image, ByteOrder order, unsigned char* firstRow, std::ptrdiff_t stride);
+void convertToPixels(const unsigned char* firstRow, std::ptrdiff_t stride, ByteOrder order, BitmapImpl<Rgb>& image);
+
 /// The device-independent bitmap that goes to the clipboard: a BITMAPINFOHEADER of 40 bytes, then the rows of 24-bit
 /// pixels, each padded to a multiple of 4 bytes (Microsoft, "Bitmap Storage").
 constexpr std::size_t DIB_HEADER_SIZE = 40;

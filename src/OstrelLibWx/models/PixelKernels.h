@@ -9,11 +9,19 @@
 /// whose byte shuffles no plain loop reaches.
 namespace Ostrel::Detail {
 
-/// One loop for each `ByteOrder`, for a run of pixels of four floats each. Neither reads or writes beyond the run.
+/// One loop for each `ByteOrder`, for a run of pixels of four floats each. None reads or writes beyond the run.
 struct PixelKernels {
+    using ToBytes = void (*)(const float* pixels, std::size_t count, unsigned char* bytes);
+    using ToPixels = void (*)(const unsigned char* bytes, std::size_t count, float* pixels);
+
     const char* name;
-    void (*toBytes[BYTE_ORDER_COUNT])(const float* pixels, std::size_t count, unsigned char* bytes);
-    void (*toPixels[BYTE_ORDER_COUNT])(const unsigned char* bytes, std::size_t count, float* pixels);
+    ToBytes toBytes[BYTE_ORDER_COUNT];
+    ToPixels toPixels[BYTE_ORDER_COUNT];
+
+    // The same for results that the caches do not keep anyway: they are written past them, where that can be done.
+    // What is written through a cache is read into it first.
+    ToBytes streamToBytes[BYTE_ORDER_COUNT];
+    ToPixels streamToPixels[BYTE_ORDER_COUNT];
 };
 
 extern const PixelKernels BASELINE_KERNELS;
@@ -43,6 +51,12 @@ extern const float UPPER_LIMIT;
 /// Writes `value` × (1 − `darkening`), from 0 to 1, as bytes: × 255, rounded to the nearest, to the even one of two.
 /// A plain loop, as the baseline's.
 void writeDarkened(float value, const float* darkening, std::size_t count, unsigned char* bytes);
+
+/// What `PixelConversion`'s functions for whole pictures do, with these loops.
+void convertToBytes(const PixelKernels& kernels, const BitmapImpl<Rgb>& image, ByteOrder order, unsigned char* firstRow,
+                    std::ptrdiff_t stride);
+void convertToPixels(const PixelKernels& kernels, const unsigned char* firstRow, std::ptrdiff_t stride, ByteOrder order,
+                     BitmapImpl<Rgb>& image);
 
 /// Whether processor and system have AVX2.
 [[nodiscard]] bool hasAvx2();

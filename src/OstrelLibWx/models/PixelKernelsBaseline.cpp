@@ -166,6 +166,10 @@ const PixelKernels BASELINE_KERNELS{
      toBytes<ByteOrder::BGRX>},
     {toPixels<ByteOrder::RGB>, toPixels<ByteOrder::BGR>, toPixels<ByteOrder::RGBA>, toPixels<ByteOrder::BGRA>,
      toPixels<ByteOrder::BGRX>},
+    {toBytes<ByteOrder::RGB>, toBytes<ByteOrder::BGR>, toBytes<ByteOrder::RGBA>, toBytes<ByteOrder::BGRA>,
+     toBytes<ByteOrder::BGRX>},
+    {toPixels<ByteOrder::RGB>, toPixels<ByteOrder::BGR>, toPixels<ByteOrder::RGBA>, toPixels<ByteOrder::BGRA>,
+     toPixels<ByteOrder::BGRX>},
 };
 
 void writeDarkened(float value, const float* darkening, std::size_t count, unsigned char* bytes) {

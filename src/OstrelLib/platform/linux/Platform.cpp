@@ -6,6 +6,7 @@
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 #include <langinfo.h>
+#include <sys/mman.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -144,6 +145,14 @@ wchar_t decimalPointCharacter() {
     // where the host has chosen a language for numbers only, the C library would decode them as plain ASCII.
     const String decoded = String::fromUtf8(nl_langinfo(RADIXCHAR));
     return decoded.isEmpty() || decoded[0] == 0xFFFD ? L'.' : decoded[0];
+}
+
+std::size_t getLargePageSize() noexcept {
+    return std::size_t{2} << 20; // of every x86-64 processor
+}
+
+void useLargePages(void* memory, std::size_t byteCount) noexcept {
+    (void)madvise(memory, byteCount, MADV_HUGEPAGE); // an advice: a system that knows none of it goes on as before
 }
 
 void* getModuleHandleFromAddress(const void* address) noexcept {

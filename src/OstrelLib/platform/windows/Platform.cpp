@@ -71,6 +71,12 @@ wchar_t decimalPointCharacter() {
     return length > 1 ? separator[0] : L'.';
 }
 
+std::size_t getLargePageSize() noexcept {
+    return 0; // large pages are for programs of an administrator
+}
+
+void useLargePages(void*, std::size_t) noexcept {}
+
 void* getModuleHandleFromAddress(const void* address) noexcept {
     HMODULE module = nullptr;
     const DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
