@@ -88,7 +88,8 @@ constexpr double HIGHEST_KELVIN = 1.0e6;
 double radiance(double wavelengthNm, double kelvin) {
     const double micrometres = wavelengthNm * 0.001; // keeps the fifth power near 1
     const double square = micrometres * micrometres;
-    return 1.0 / (square * square * micrometres * std::expm1(SECOND_RADIATION_CONSTANT / (wavelengthNm * kelvin)));
+    return 1.0 /
+           (square * square * micrometres * (std::exp(SECOND_RADIATION_CONSTANT / (wavelengthNm * kelvin)) - 1.0));
 }
 
 std::uint8_t toByte(float channel) {

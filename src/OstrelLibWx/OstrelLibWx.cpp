@@ -21,8 +21,8 @@
 #include <OstrelLib/Exceptions.h>
 #include <OstrelLib/TextSerializer.h>
 
+#include "painting/EmbeddedBitmaps.h"
 #include "platform/Native.h"
-#include "widgets/EmbeddedBitmaps.h"
 
 namespace Ostrel {
 
@@ -85,7 +85,8 @@ bool startup(ApplicationType type) {
         return true;
     }
     wxLog::EnableLogging(false);
-    if (wxAppConsoleBase::GetInstance() == nullptr) {
+    const bool hostHasNone = wxAppConsoleBase::GetInstance() == nullptr;
+    if (hostHasNone) {
         createApplication();
     }
     addImageHandlers();
@@ -96,10 +97,14 @@ bool startup(ApplicationType type) {
     }
     wxSocketBase::Initialize();
     checkType(type);
-    if (type != ApplicationType::WX_HOST) {
-        wxAppConsole* const application = wxAppConsoleBase::GetInstance();
-        // Without a name, the toolkit looks the program's file up for every window that is made.
+    wxAppConsole* const application = wxAppConsoleBase::GetInstance();
+    if (hostHasNone) {
+        // Without a name, the toolkit looks the program's file up for every window that is made. What it makes of a
+        // missing name for users to see stays as it is.
+        application->SetAppDisplayName(application->GetAppDisplayName());
         application->SetAppName(application->GetAppName());
+    }
+    if (type != ApplicationType::WX_HOST) {
         application->CallOnInit();
     }
     processEventsTimer = std::make_unique<ProcessEventsTimer>();

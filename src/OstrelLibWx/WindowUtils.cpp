@@ -13,9 +13,9 @@
 
 #include "assets/ProductIcon.h"
 #include "models/DisplayPlacement.h"
+#include "painting/EmbeddedBitmaps.h"
 #include "painting/ToolkitTypes.h"
 #include "platform/Native.h"
-#include "widgets/EmbeddedBitmaps.h"
 
 namespace Ostrel::Wx {
 

@@ -108,7 +108,7 @@ TEST(PixelKernels, TouchNothingBeyondTheRunOfAnyLengthAtAnyAddress) {
         for (const ByteOrder order : ORDERS) {
             const std::size_t size = getPixelSize(order);
             for (std::size_t count = 0; count <= 110; ++count) {
-                const std::size_t offset = 1 + count % 3;
+                const std::size_t offset = count % 5;
                 // Exactly as large as the run, so that a sanitizer sees a read beyond it.
                 Bytes source(count * size);
                 for (std::size_t i = 0; i < source.size(); ++i) {
@@ -143,29 +143,31 @@ TEST(PixelKernels, TouchNothingBeyondTheRunOfAnyLengthAtAnyAddress) {
 }
 
 TEST(PixelConversion, ConvertsPicturesOfAnySizeRowByRowInEitherDirection) {
-    // The last is larger than what is left to the caches.
-    for (const auto& [width, height] : {std::pair(1, 1), std::pair(7, 3), std::pair(2049, 2051)}) {
+    // The last two are larger than what is left to the caches.
+    for (const auto& [width, height] :
+         {std::pair(1, 1), std::pair(7, 3), std::pair(1200, 900), std::pair(2049, 2051)}) {
         BitmapImpl<Rgb> image(width, height);
         for (std::size_t i = 0; i < image.size(); ++i) {
             const auto value = static_cast<float>(i % 256) * A_255TH;
             image.data()[i] = {value, 1.0F - value, value * value, 1.0F};
         }
-        const std::size_t rowSize = 3 * static_cast<std::size_t>(width) + 5;
+        const ByteOrder order = width % 2 == 0 ? ByteOrder::BGRA : ByteOrder::BGR;
+        const std::size_t rowSize = getPixelSize(order) * static_cast<std::size_t>(width) + 5;
         const auto stride = -static_cast<std::ptrdiff_t>(rowSize); // the last row comes first in memory
         const Bytes untouched(rowSize * static_cast<std::size_t>(height), 0xA5);
         Bytes bytes = untouched;
         unsigned char* const firstRow = bytes.data() + rowSize * static_cast<std::size_t>(height - 1);
-        convertToBytes(image, ByteOrder::BGR, firstRow, stride);
+        convertToBytes(image, order, firstRow, stride);
         Bytes expected = untouched;
         BitmapImpl<Rgb> expectedPixels(width, height);
         for (int y = 0; y < height; ++y) {
             unsigned char* const row = expected.data() + rowSize * static_cast<std::size_t>(height - 1 - y);
-            convertToBytes(image.row(y), ByteOrder::BGR, row);
-            convertToPixels(row, ByteOrder::BGR, expectedPixels.row(y));
+            convertToBytes(image.row(y), order, row);
+            convertToPixels(row, order, expectedPixels.row(y));
         }
         EXPECT_TRUE(bytes == expected) << width;
         BitmapImpl<Rgb> pixels(width, height);
-        convertToPixels(firstRow, stride, ByteOrder::BGR, pixels);
+        convertToPixels(firstRow, stride, order, pixels);
         EXPECT_TRUE(pixels == expectedPixels) << width;
     }
 }

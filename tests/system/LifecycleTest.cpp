@@ -57,6 +57,8 @@ std::vector<wxBitmapType> registeredImageTypes() {
 TEST(Lifecycle, BringsUpAnApplicationOfItsOwnAndTakesItDown) {
     ASSERT_TRUE(LibWx::startup(ApplicationType::STANDALONE));
     EXPECT_EQ(wxTheApp->GetClassName(), "OstrelApp");
+    EXPECT_FALSE(wxTheApp->GetAppName().empty());
+    EXPECT_EQ(wxTheApp->GetAppDisplayName(), wxTheApp->GetAppName().Capitalize()) << "as without a name";
     EXPECT_FALSE(wxLog::IsEnabled());
     EXPECT_EQ(registeredImageTypes(),
               (std::vector{wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_ICO, wxBITMAP_TYPE_BMP,

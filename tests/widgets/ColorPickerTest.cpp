@@ -226,6 +226,12 @@ TEST_F(ColorPickerTest, AddsColoursAndResets) {
 
 TEST_F(ColorPickerTest, ShowsTheSameColourInOtherNumbers) {
     open(WITHOUT_ALPHA);
+    for (int radio = 0; radio < 3; ++radio) {
+        auto& button = child<wxRadioButton>(radio);
+        button.InvalidateBestSize(); // it was measured before it was shown
+        EXPECT_GE(button.GetSize().x, button.GetBestSize().x);
+        EXPECT_GE(button.GetSize().y, button.GetBestSize().y);
+    }
     dialog->setColor({1, 0.5F, 0, 0.3F});
     for (const auto& [radio, shown] : {std::pair{1, "1.0"}, {2, "100.0"}, {0, "255"}, {1, "1.0"}}) {
         click(child<wxRadioButton>(radio), middle(child<wxRadioButton>(radio)));

@@ -184,6 +184,19 @@ TEST_F(StaticTextTest, HasATooltipThatComesAndGoes) {
     EXPECT_TRUE(pumpUntil([&] { return !text.getTooltip()->IsShown(); })) << "the mouse left";
 }
 
+TEST_F(StaticTextTest, TellsOfTheMouseWhoBindsToItOnceItIsShown) {
+    auto* const label = new StaticText(&panel(), wxID_ANY, "A label", 0, {}, wxDefaultSize);
+    label->Move(20, 20);
+    showAll();
+    std::string heard;
+    label->Bind(wxEVT_ENTER_WINDOW, [&heard](wxMouseEvent&) { heard += 'e'; });
+    label->Bind(wxEVT_LEAVE_WINDOW, [&heard](wxMouseEvent&) { heard += 'l'; });
+    movePointer(*label, middle(*label));
+    EXPECT_TRUE(pumpUntil([&heard] { return heard == "e"; })) << heard;
+    movePointer(panel(), wxPoint(5, 5));
+    EXPECT_TRUE(pumpUntil([&heard] { return heard == "el"; })) << heard;
+}
+
 class TextControlTest : public WidgetTest {
 protected:
     TextControl& make(const String& text, unsigned style = 0, wxSize size = wxSize(160, 24)) {

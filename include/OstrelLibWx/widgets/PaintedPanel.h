@@ -15,8 +15,9 @@ public:
     /// device context.
     virtual void paint(wxDC& dc) const = 0;
 
-    /// Both colours are kept for `paint`, and taken over by children made later. The native window is not told of
-    /// them: it shows nothing of its own, and GTK resolves a style sheet for every window that has colours.
+    /// Both colours are kept for `paint`; controls made in the panel later take over the foreground. The native window
+    /// is not told of them: it shows nothing of its own, and GTK resolves a style sheet for every window that has
+    /// colours. `applySkinRecursive` gives them to what is in the panel already.
     bool SetBackgroundColour(const wxColour& colour) override;
     bool SetForegroundColour(const wxColour& colour) override;
 

@@ -32,7 +32,7 @@ public:
     /// Draws what the window shows. Where GTK draws the label, for off-screen pictures alone.
     virtual void paint(wxDC& dc) const;
 
-    /// A label notices the mouse's coming and going from the first handler on that is bound to it.
+    /// On Linux a label notices the mouse's coming and going from the first handler on that is bound to it by `Bind`.
     bool OnDynamicBind(wxDynamicEventTableEntry& entry) override;
 
 protected:

@@ -14,6 +14,7 @@ namespace {
 // them, while four times as much is read; pixels, when they exceed the largest caches.
 constexpr std::size_t STREAMED_BYTES = std::size_t{4} << 20;
 constexpr std::size_t STREAMED_PIXELS_SIZE = std::size_t{64} << 20;
+constexpr int STREAMED_WIDTH = 256; ///< of a row, whose ends are written as ever
 
 constexpr std::size_t DIB_PIXEL_SIZE = 3;
 constexpr std::size_t DIB_ROW_ALIGNMENT = 4;
@@ -92,7 +93,7 @@ void convertToPixels(const unsigned char* bytes, ByteOrder order, ArrayView<Rgb>
 
 void convertToBytes(const PixelKernels& kernels, const BitmapImpl<Rgb>& image, ByteOrder order, unsigned char* firstRow,
                     std::ptrdiff_t stride) {
-    const bool streamed = image.size() * getPixelSize(order) >= STREAMED_BYTES;
+    const bool streamed = image.getWidth() >= STREAMED_WIDTH && image.size() * getPixelSize(order) >= STREAMED_BYTES;
     const auto toBytes = (streamed ? kernels.streamToBytes : kernels.toBytes)[static_cast<int>(order)];
     for (int y = 0; y < image.getHeight(); ++y) {
         const ArrayView<const Rgb> row = image.row(y);
@@ -102,7 +103,7 @@ void convertToBytes(const PixelKernels& kernels, const BitmapImpl<Rgb>& image, B
 
 void convertToPixels(const PixelKernels& kernels, const unsigned char* firstRow, std::ptrdiff_t stride, ByteOrder order,
                      BitmapImpl<Rgb>& image) {
-    const bool streamed = image.size() * sizeof(Rgb) >= STREAMED_PIXELS_SIZE;
+    const bool streamed = image.getWidth() >= STREAMED_WIDTH && image.size() * sizeof(Rgb) >= STREAMED_PIXELS_SIZE;
     const auto toPixels = (streamed ? kernels.streamToPixels : kernels.toPixels)[static_cast<int>(order)];
     for (int y = 0; y < image.getHeight(); ++y) {
         const ArrayView<Rgb> row = image.row(y);

@@ -10,12 +10,12 @@
 #include "assets/EyeDropper.h"
 #include "assets/EyeDropperInverse.h"
 #include "models/ColorState.h"
+#include "painting/EmbeddedBitmaps.h"
 #include "painting/ToolkitTypes.h"
 #include "platform/ChoiceNative.h"
 #include "widgets/ColorDisplay.h"
 #include "widgets/ColorSlider.h"
 #include "widgets/ColorSliderWithSpinner.h"
-#include "widgets/EmbeddedBitmaps.h"
 #include "widgets/EyeDropperButton.h"
 #include "widgets/HexColorEdit.h"
 #include "widgets/HwbSlice.h"
@@ -214,7 +214,7 @@ struct ColorPicker::Impl {
         eyeDroppers = {create(getAsset(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
                        create(getAsset(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
                               &ColorState::editNeutralizing)};
-        averaging = new wxChoice(&dialog, wxID_ANY, wxDefaultPosition, wxSize(1, 1));
+        averaging = new wxChoice(&dialog, wxID_ANY);
         for (const EyeDropperAveraging& row : EYE_DROPPER_AVERAGING_TABLE) {
             averaging->Append(row.label);
         }

@@ -28,6 +28,8 @@ ColorSliderWithSpinner::ColorSliderWithSpinner(StripColorFunction colors, wxWind
     _shownNumber = getNumber();
     _spinner = new Spinner(this, wxID_ANY, SPINNER_TEXT_WIDTH, static_cast<float>(_range.min),
                            static_cast<float>(_range.max), _shownNumber, 0, FIRST_STEP);
+    _spinner->configure(static_cast<float>(_range.min), static_cast<float>(_range.max), static_cast<float>(_range.min),
+                        0, FIRST_STEP, false); // a right click goes to the lowest number
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(_slider, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, scaleByDpi(GAP));
     sizer->Add(_spinner, 0, wxALIGN_CENTER_VERTICAL);

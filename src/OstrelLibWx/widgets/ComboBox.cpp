@@ -6,10 +6,10 @@
 #include "assets/ComboBoxArrowHovered.h"
 #include "models/ComboBoxModel.h"
 #include "painting/ComboBoxPainting.h"
+#include "painting/EmbeddedBitmaps.h"
 #include "painting/ToolkitTypes.h"
 #include "platform/Native.h"
 #include "widgets/ComboBoxDropdown.h"
-#include "widgets/EmbeddedBitmaps.h"
 
 #include <wx/weakref.h>
 

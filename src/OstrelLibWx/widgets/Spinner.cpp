@@ -12,9 +12,9 @@
 #include "assets/SpinnerUpPressed.h"
 #include "models/SpinnerModel.h"
 #include "painting/BorderPainting.h"
+#include "painting/EmbeddedBitmaps.h"
 #include "painting/PixelDrawing.h"
 #include "painting/ToolkitTypes.h"
-#include "widgets/EmbeddedBitmaps.h"
 
 #include <wx/sizer.h>
 #include <wx/timer.h>

@@ -34,7 +34,10 @@ StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned in
     if (!m_font.IsOk()) {
         m_font = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT); // GTK's toolkit asks a second label for it
     }
-    SetFont(font);
+    if (!SetFont(font)) { // it is the system's own, and not the label's yet
+        m_font = wxNullFont;
+        SetFont(font);
+    }
     SetLabel(toWx(text));
     if ((style & wxST_NO_AUTORESIZE) == 0) {
         m_windowStyle &= ~wxST_NO_AUTORESIZE;

@@ -25,8 +25,8 @@ std::string define(const char* name, RgbBytes colour) {
 }
 
 std::string defineColours(const Wx::GuiSkin& skin) {
-    return define("text", skin.text) + define("background", skin.background) + define("frame", skin.darkGrey) +
-           define("mark", skin.toggledText) + define("marked", skin.toggledBackground);
+    return define("text", skin.text) + define("grey", skin.grey) + define("background", skin.background) +
+           define("frame", skin.darkGrey) + define("mark", skin.toggledText) + define("marked", skin.toggledBackground);
 }
 
 /// A style sheet holds for the widget that it is given to and not for what is inside.
@@ -50,6 +50,7 @@ void addStyleSheet(const wxWindow& window, const std::string& css) {
 void dressChoice(wxChoice& choice, const Wx::GuiSkin& skin) {
     addStyleSheet(choice, defineColours(skin) + R"(
 * { color: @text; text-shadow: none; transition: none; }
+*:disabled { color: @grey; }
 button { background: @background; border: 1px solid @frame; border-radius: 0; box-shadow: none; min-height: 0;
          min-width: 0; padding: 1px 4px; }
 cellview { background: none; }
@@ -66,7 +67,10 @@ void dressRadioButton(wxRadioButton& button, const Wx::GuiSkin& skin) {
 radio { -gtk-icon-source: none; margin: 0 4px 0 0; padding: 0; border: 1px solid @frame; border-radius: 50%;
         box-shadow: none; background: @background; }
 radio:checked { background: radial-gradient(circle, @mark 30%, @marked 36%); }
-radio:hover { border-color: @marked; })");
+radio:checked:disabled { background: radial-gradient(circle, @grey 30%, @background 36%); }
+radio:hover { border-color: @marked; }
+label { color: @text; }
+label:disabled { color: @grey; })");
 }
 
 } // namespace Ostrel::Detail

@@ -1,4 +1,5 @@
 #include <OstrelLib/Application.h>
+#include <OstrelLib/Bitmap.h>
 #include <OstrelLib/Path.h>
 #include <OstrelLib/Streams.h>
 #include <OstrelLib/TextSerializer.h>
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -144,6 +146,14 @@ TEST(FileFailures, AreNoticedWhereTheSystemHasThem) {
     Io::FileInputStream unreadable("/proc/self/mem");
     char byte = 0;
     EXPECT_THROW((void)unreadable.read(&byte, 1), Io::StreamException);
+}
+
+TEST(PixelMemory, OfLargePicturesConsistsOfLargePages) {
+    constexpr std::size_t LARGE_PAGE = std::size_t{2} << 20;
+    for (const int size : {700, 1500}) {
+        const BitmapImpl<Rgb> bitmap(size, size);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bitmap.data()) % LARGE_PAGE, 0U) << size;
+    }
 }
 
 TEST(PathNames, KeepBytesThatAreNoUtf8) {

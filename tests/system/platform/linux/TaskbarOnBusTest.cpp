@@ -1,5 +1,7 @@
 #include <OstrelLibWx/TaskbarProgress.h>
 
+#include "system/platform/linux/Environment.h"
+
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -24,6 +26,9 @@ void hear(GDBusConnection*, const char*, const char*, const char*, const char*, 
 }
 
 TEST(TaskbarOnBus, TellsDocksOfEachChangeAndEndsWithoutABar) {
+    // A bus for tests takes these away from the whole process.
+    const ScopedVariable display("DISPLAY");
+    const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS");
     g_set_prgname("render");
     GTestDBus* const bus = g_test_dbus_new(G_TEST_DBUS_NONE);
     g_test_dbus_up(bus);
@@ -68,7 +73,6 @@ TEST(TaskbarOnBus, TellsDocksOfEachChangeAndEndsWithoutABar) {
     g_setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere", TRUE);
     Wx::TaskbarProgress withoutBus{WindowHandle()};
     withoutBus.setProgress(0.5F);
-    g_unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "system/Process.h"
+#include "system/platform/linux/Environment.h"
 
 #include <OstrelLibWx/OstrelLibWx.h>
 #include <OstrelLibWx/widgets/TextButton.h>
@@ -6,12 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <thread>
 
 #include <glib.h>
 #include <wx/frame.h>
@@ -56,12 +55,11 @@ void clickLinks() {
 
 TEST(TextLink, OpensItsAddressInTheUsersBrowser) {
     // The desktop's settings are read once by each program: another one clicks.
-    if (std::getenv(OPENED_VARIABLE) != nullptr) {
+    if (g_getenv(OPENED_VARIABLE) != nullptr) {
         clickLinks();
         return;
     }
-    const fs::path folder = fs::temp_directory_path() / "ostrel-text-link";
-    fs::remove_all(folder);
+    const fs::path folder = fs::temp_directory_path() / ("ostrel-text-link-" + std::to_string(g_random_int()));
     const fs::path opened = folder / "opened";
     const fs::path browser = folder / "bin" / "xdg-open"; // asked where there is no desktop
     write(browser, "#!/bin/sh\necho \"$1\" >>\"$" + std::string(OPENED_VARIABLE) + "\"\n");
@@ -70,16 +68,14 @@ TEST(TextLink, OpensItsAddressInTheUsersBrowser) {
           "[Desktop Entry]\nType=Application\nName=Browser\nExec=" + browser.string() +
               " %u\nMimeType=x-scheme-handler/http;\n");
     write(folder / "config" / "mimeapps.list", "[Default Applications]\nx-scheme-handler/http=browser.desktop\n");
-    const std::string path = std::getenv("PATH");
-    g_setenv("XDG_DATA_HOME", (folder / "data").c_str(), TRUE);
-    g_setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), TRUE);
-    g_setenv("PATH", (browser.parent_path().string() + ":" + path).c_str(), TRUE);
-    g_setenv(OPENED_VARIABLE, opened.c_str(), TRUE);
-    const ProcessResult clicked =
-        runProcess(fs::read_symlink("/proc/self/exe"), {"--gtest_filter=TextLink.*"}, std::chrono::seconds(60));
-    g_setenv("PATH", path.c_str(), TRUE);
-    for (const char* const name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", OPENED_VARIABLE}) {
-        g_unsetenv(name);
+    ProcessResult clicked;
+    {
+        const ScopedVariable data("XDG_DATA_HOME", folder / "data");
+        const ScopedVariable config("XDG_CONFIG_HOME", folder / "config");
+        const ScopedVariable path("PATH", browser.parent_path().string() + ":" + g_getenv("PATH"));
+        const ScopedVariable target(OPENED_VARIABLE, opened);
+        clicked =
+            runProcess(fs::read_symlink("/proc/self/exe"), {"--gtest_filter=TextLink.*"}, std::chrono::seconds(60));
     }
     EXPECT_EQ(clicked.exitCode, 0) << clicked.output;
 
@@ -92,7 +88,7 @@ TEST(TextLink, OpensItsAddressInTheUsersBrowser) {
     };
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (!isOpened() && std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::yield();
+        g_main_context_iteration(nullptr, FALSE);
     }
     EXPECT_TRUE(isOpened()) << read(opened);
     fs::remove_all(folder);

@@ -1,4 +1,4 @@
-#include "widgets/EmbeddedBitmaps.h"
+#include "painting/EmbeddedBitmaps.h"
 
 #include <OstrelLibWx/BitmapUtils.h>
 #include <OstrelLibWx/WindowUtils.h>
