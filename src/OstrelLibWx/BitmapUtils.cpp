@@ -141,14 +141,24 @@ wxBitmap toWxBitmap(const BitmapImpl<Rgb>& image, bool withAlpha) {
 }
 
 BitmapImpl<Rgb> getScreenRegionColors(Bucket region) {
-    BitmapImpl<Rgb> image(region.width(), region.height(), Rgb{0.0F, 0.0F, 0.0F, 0.0F});
+    Array<Bucket> parts; // one on each display that the region touches
     for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
         const wxRect geometry = wxDisplay(i).GetGeometry();
         const Bucket display{{geometry.x, geometry.y}, {geometry.x + geometry.width, geometry.y + geometry.height}};
         const Bucket part = region.intersect(display);
         if (!part.isEmpty()) {
-            Detail::readScreen(part, image, part.min - region.min);
+            parts.push_back(part);
         }
+    }
+    if (parts.size() == 1 && parts.front() == region) {
+        auto whole = BitmapImpl<Rgb>::makeUnwritten(region.width(), region.height());
+        if (Detail::readScreen(region, whole, {0, 0})) {
+            return whole;
+        }
+    }
+    BitmapImpl<Rgb> image(region.width(), region.height(), Rgb{0.0F, 0.0F, 0.0F, 0.0F});
+    for (const Bucket& part : parts) {
+        (void)Detail::readScreen(part, image, part.min - region.min);
     }
     return image;
 }

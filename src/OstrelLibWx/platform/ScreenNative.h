@@ -6,10 +6,10 @@
 
 namespace Ostrel::Detail {
 
-/// Copies what the screen shows inside `region` now, alpha 1, into `target` from `place` on. What cannot be read is
-/// left as it is.
+/// Copies what the screen shows inside `region` now, alpha 1, into `target` from `place` on.
 /// @param region in screen coordinates, all of it on one display
 /// @param target large enough
-void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place);
+/// @return false if it cannot be read; `target` is left as it is
+bool readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place);
 
 } // namespace Ostrel::Detail

@@ -152,10 +152,10 @@ Rgb readPixel(XImage& image, int x, int y) {
 
 } // namespace
 
-void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
+bool readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
     GdkDisplay* const display = gdk_display_get_default();
     if (!GDK_IS_X11_DISPLAY(display)) {
-        return;
+        return false;
     }
     // The toolkit's coordinates are the server's divided by this.
     const int scale = gdk_window_get_scale_factor(gdk_screen_get_root_window(gdk_display_get_default_screen(display)));
@@ -164,7 +164,7 @@ void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
                                 static_cast<unsigned>(region.height() * scale));
     XImage* const image = picture.get();
     if (image == nullptr) {
-        return;
+        return false;
     }
     const auto width = static_cast<std::size_t>(region.width());
     const bool direct = scale == 1 && hasBytesOfBgrx(*image);
@@ -179,6 +179,7 @@ void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
             row[static_cast<std::size_t>(x)] = readPixel(*image, x * scale, y * scale);
         }
     }
+    return true;
 }
 
 } // namespace Ostrel::Detail

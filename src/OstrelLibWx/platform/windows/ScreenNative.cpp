@@ -23,7 +23,7 @@ struct BitmapDeleter {
 
 } // namespace
 
-void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
+bool readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
     const std::unique_ptr<HDC__, ScreenDcReleaser> screen(GetDC(nullptr));
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
@@ -37,12 +37,12 @@ void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
         CreateDIBSection(screen.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const std::unique_ptr<HDC__, DcDeleter> memory(CreateCompatibleDC(screen.get()));
     if (bitmap == nullptr || memory == nullptr) {
-        return;
+        return false;
     }
     SelectObject(memory.get(), bitmap.get());
     if (BitBlt(memory.get(), 0, 0, region.width(), region.height(), screen.get(), region.min.x, region.min.y,
                SRCCOPY) == FALSE) {
-        return;
+        return false;
     }
     GdiFlush();
     const auto width = static_cast<std::size_t>(region.width());
@@ -51,6 +51,7 @@ void readScreen(const Bucket& region, BitmapImpl<Rgb>& target, Pixel place) {
         convertToPixels(row, ByteOrder::BGRX,
                         target.row(place.y + y).subspan(static_cast<std::size_t>(place.x), width));
     }
+    return true;
 }
 
 } // namespace Ostrel::Detail
