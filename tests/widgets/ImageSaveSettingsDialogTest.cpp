@@ -21,8 +21,13 @@ protected:
         const auto* const dialog = ModalDriver::findActive<Dialog>();
         return dialog != nullptr ? findChild<Control>(*dialog, label) : nullptr;
     }
+    /// The dialog takes Enter and Escape wherever the focus is; all other keys are for the formats, once they have it.
     ModalDriver::Step key(int code) {
-        return [this, code] { return find<ComboBox>() != nullptr && input().Char(code); };
+        return [this, code] {
+            const auto* const box = find<ComboBox>();
+            const bool isForDialog = code == WXK_RETURN || code == WXK_ESCAPE;
+            return box != nullptr && (isForDialog || box->HasFocus()) && input().Char(code);
+        };
     }
     template <class Control>
     ModalDriver::Step clickOn(const wxString& label) {
