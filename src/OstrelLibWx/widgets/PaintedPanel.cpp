@@ -13,6 +13,8 @@ PaintedPanel::PaintedPanel(wxWindow* parent, int id, wxPoint position, wxSize si
     });
 }
 
+// NOLINTBEGIN(bugprone-parent-virtual-call): past the level that tells the native window, on purpose
+
 bool PaintedPanel::SetBackgroundColour(const wxColour& colour) {
     const bool changed = wxWindowBase::SetBackgroundColour(colour);
     if (changed) {
@@ -28,5 +30,7 @@ bool PaintedPanel::SetForegroundColour(const wxColour& colour) {
     }
     return changed;
 }
+
+// NOLINTEND(bugprone-parent-virtual-call)
 
 } // namespace Ostrel

@@ -80,8 +80,10 @@ public:
     }
 
     /// The spinner's shows through, and a native window without colours of its own is made sooner.
+    // NOLINTBEGIN(bugprone-parent-virtual-call): past the level that tells the native window, on purpose
     bool SetBackgroundColour(const wxColour& colour) override { return wxWindowBase::SetBackgroundColour(colour); }
     bool SetForegroundColour(const wxColour& colour) override { return wxWindowBase::SetForegroundColour(colour); }
+    // NOLINTEND(bugprone-parent-virtual-call)
 
     [[nodiscard]] bool AcceptsFocus() const override { return false; }
     [[nodiscard]] bool AcceptsFocusFromKeyboard() const override { return false; }
