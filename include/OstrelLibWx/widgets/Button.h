@@ -74,7 +74,6 @@ public:
     void paint(wxDC& dc) const override;
 
 protected:
-    void onButtonPaint(wxPaintEvent& event);
     void onMouseDown(wxMouseEvent& event);
     void onMouseUp(wxMouseEvent& event);
     void onCaptureLost(wxMouseCaptureLostEvent& event);

@@ -120,7 +120,6 @@ private:
 
     [[nodiscard]] bool commit();
     [[nodiscard]] bool showValue(bool notify);
-    [[nodiscard]] bool notifyValue();
     [[nodiscard]] bool stepOnce();
     [[nodiscard]] bool send(wxEvent& event);
     [[nodiscard]] bool endPress();

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include <wx/arrstr.h>
-#include <wx/dcbuffer.h>
+#include <wx/dc.h>
 #include <wx/weakref.h>
 
 namespace Ostrel::Wx {
@@ -42,7 +42,6 @@ Button::Button(wxWindow* parent, const GuiSkin& skin, int id, const wxString& la
     Bind(wxEVT_LEFT_DOWN, &Button::onMouseDown, this);
     // The second press of a double-click is a press like any other.
     Bind(wxEVT_LEFT_DCLICK, &Button::onMouseDown, this);
-    Bind(wxEVT_PAINT, &Button::onButtonPaint, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &Button::onCaptureLost, this);
     Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
         measureLabel();
@@ -121,11 +120,6 @@ void Button::paint(wxDC& dc) const {
                      .labelExtent = _impl->labelExtent,
                      .labelGreyed = !IsThisEnabled(),
                      .designPixel = scaleByDpi(1)});
-}
-
-void Button::onButtonPaint(wxPaintEvent&) {
-    wxAutoBufferedPaintDC dc(this);
-    paint(dc);
 }
 
 void Button::onMouseDown(wxMouseEvent& event) {

@@ -189,9 +189,7 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
 
     _impl->repeatTimer.SetOwner(this);
     _impl->number.configure({min, max, defaultValue, step});
-    _impl->number.setPrecision([precision] { return precision; });
-    _impl->number.reapply();
-    (void)notifyValue(); // to the windows around: the number before the default one, which is not shown
+    setPrecision(precision, true); // told to the windows around: the number before the default one
     setValue(defaultValue, false);
 }
 
@@ -425,11 +423,9 @@ bool Spinner::showValue(bool notify) {
         _impl->text->ChangeValue(text);
     }
     Refresh();
-    return !notify || notifyValue();
-}
-
-/// False if the spinner was destroyed by a handler.
-bool Spinner::notifyValue() {
+    if (!notify) {
+        return true;
+    }
     wxSpinDoubleEvent event(wxEVT_SPINCTRLDOUBLE, GetId(), static_cast<double>(getValue()));
     return send(event);
 }

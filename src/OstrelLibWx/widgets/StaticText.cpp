@@ -39,12 +39,10 @@ StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned in
         SetFont(font);
     }
     SetLabel(toWx(text));
-    if ((style & wxST_NO_AUTORESIZE) == 0) {
-        m_windowStyle &= ~wxST_NO_AUTORESIZE;
-    }
-    if (HasFlag(wxST_NO_AUTORESIZE)) {
+    if ((style & wxST_NO_AUTORESIZE) != 0) {
         SetInitialSize(scaleByDpi(size));
     } else {
+        m_windowStyle &= ~wxST_NO_AUTORESIZE;
         SetMinSize(scaleByDpi(size));
         AutoResizeIfNecessary();
     }
