@@ -171,6 +171,17 @@ TEST_F(StaticTextTest, IsOnTheScreenInItsColourAndGreyWhileDisabled) {
     text.Disable();
     showAll();
     EXPECT_TRUE(isWrittenIn(text, wxColour(110, 110, 110)));
+
+    text.Enable();
+    int height = ink.height;
+    for (const wxFont& font : {wxFont(wxFontInfo(18)), wxFont(wxFontInfo(18).Underlined()), wxFont(wxFontInfo(26))}) {
+        EXPECT_TRUE(text.SetFont(font));
+        showAll();
+        EXPECT_TRUE(pumpUntil([&] { return inkBounds(capture(text), BACKGROUND).height > height; }));
+        height = inkBounds(capture(text), BACKGROUND).height;
+    }
+    EXPECT_FALSE(text.SetFont(text.GetFont()));
+    EXPECT_TRUE(isWrittenIn(text, GREEN));
 }
 
 TEST_F(StaticTextTest, HasATooltipThatComesAndGoes) {

@@ -24,6 +24,9 @@ public:
     /// Sets the text, which is shown unwrapped until `Wrap` is called again.
     void SetLabel(const wxString& label) override;
 
+    bool SetForegroundColour(const wxColour& colour) override;
+    bool SetFont(const wxFont& font) override;
+
     /// Breaks the text that was set last at spaces, so that no line is wider than `width` pixels of the screen. From a
     /// word that is wider, the text runs on unbroken up to its next line feed. Line feeds in the text stay. A width
     /// below 0 means no limit. What an earlier call did is undone: only the last width counts.

@@ -24,6 +24,8 @@ public:
     TextControl(wxWindow* parent, int id, const String& text, unsigned int style, Flags<TextFlag> flags, wxSize size);
 
     void applySkin(const GuiSkin& skin) override;
+    bool SetForegroundColour(const wxColour& colour) override;
+    bool SetBackgroundColour(const wxColour& colour) override;
 
     /// True unless the style has `wxTE_READONLY`: Tab passes a read-only field by. A click gives it the focus all the
     /// same.

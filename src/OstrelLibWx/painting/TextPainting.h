@@ -5,7 +5,12 @@
 #include <wx/gdicmn.h>
 #include <wx/string.h>
 
+class wxWindow;
+
 namespace Ostrel::Wx {
+
+/// What a text of one or more lines takes in the window's font, line by line as it is drawn.
+[[nodiscard]] wxSize measureText(const wxWindow& window, const wxString& text);
 
 /// Draws a label of one or more lines into a window of this size, in the device's font and without a background.
 /// `alignment` is a set of wxALIGN_… bits; others are ignored. No character is an accelerator.

@@ -6,6 +6,7 @@
 #include "models/TextModel.h"
 
 #include <wx/colour.h>
+#include <wx/font.h>
 
 class wxCursor;
 class wxStaticText;
@@ -62,6 +63,14 @@ private:
 /// Shows the label as it stands, '&' included, aligned as the wxALIGN_… bits of the window's style say. True if the
 /// label's size may have changed with it. On Windows the control paints its label itself, and nothing happens.
 bool showLabelVerbatim(wxStaticText& label, const String& text);
+
+// What the toolkit's `SetForegroundColour`, `SetBackgroundColour` and `SetFont` do. GTK's toolkit makes each window a
+// style sheet of its own at every call, which takes longer than making the window; here those that look alike share
+// one.
+bool setTextColour(wxStaticText& label, const wxColour& colour);
+bool setTextColour(wxTextCtrl& text, const wxColour& colour);
+bool setTextBackground(wxTextCtrl& text, const wxColour& colour);
+bool setTextFont(wxStaticText& label, const wxFont& font);
 
 /// The colour of the text while the window is disabled. On Windows the controls paint it themselves, and nothing
 /// happens.

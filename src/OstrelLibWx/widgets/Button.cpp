@@ -4,10 +4,8 @@
 
 #include "models/ButtonModel.h"
 #include "painting/ButtonPainting.h"
+#include "painting/TextPainting.h"
 
-#include <algorithm>
-
-#include <wx/arrstr.h>
 #include <wx/dc.h>
 #include <wx/weakref.h>
 
@@ -187,16 +185,7 @@ void Button::cancelPress() {
 }
 
 void Button::measureLabel() {
-    _impl->labelExtent = wxSize(0, 0);
-    if (_impl->label.empty()) {
-        return;
-    }
-    // Line by line, as it is drawn: a window measures all of it as one.
-    for (const wxString& line : wxSplit(_impl->label, '\n', '\0')) {
-        const wxSize extent = GetTextExtent(line.empty() ? wxString("W") : line);
-        _impl->labelExtent.y += extent.y;
-        _impl->labelExtent.x = std::max(_impl->labelExtent.x, line.empty() ? 0 : extent.x);
-    }
+    _impl->labelExtent = _impl->label.empty() ? wxSize(0, 0) : measureText(*this, _impl->label);
 }
 
 } // namespace Ostrel::Wx

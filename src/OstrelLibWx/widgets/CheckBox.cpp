@@ -2,6 +2,7 @@
 
 #include "models/CheckBoxLayout.h"
 #include "painting/CheckBoxPainting.h"
+#include "painting/TextPainting.h"
 #include "painting/ToolkitTypes.h"
 #include "widgets/ToggleInput.h"
 
@@ -113,7 +114,7 @@ bool CheckBox::Enable(bool enable) {
 }
 
 void CheckBox::measureLabel() {
-    _impl->labelExtent = _impl->label.empty() ? Pixel{0, 0} : toPixel(GetTextExtent(_impl->label));
+    _impl->labelExtent = _impl->label.empty() ? Pixel{0, 0} : toPixel(measureText(*this, _impl->label));
     InvalidateBestSize();
     updateLayout();
 }

@@ -4,6 +4,7 @@
 
 #include "models/CollapsibleHeaderLayout.h"
 #include "painting/CollapsibleHeaderPainting.h"
+#include "painting/TextPainting.h"
 #include "painting/ToolkitTypes.h"
 #include "widgets/ToggleInput.h"
 
@@ -99,7 +100,7 @@ protected:
 
 private:
     void measureTitle() {
-        _titleExtent = toPixel(GetTextExtent(_title));
+        _titleExtent = toPixel(measureText(*this, _title));
         InvalidateBestSize();
         updateLayout();
     }

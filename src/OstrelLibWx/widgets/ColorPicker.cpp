@@ -214,7 +214,7 @@ struct ColorPicker::Impl {
         eyeDroppers = {create(getAsset(EYE_DROPPER, EYE_DROPPER_SIZE), PICK_TOOLTIP, &ColorState::edit),
                        create(getAsset(EYE_DROPPER_INVERSE, EYE_DROPPER_INVERSE_SIZE), PICK_INVERSE_TOOLTIP,
                               &ColorState::editNeutralizing)};
-        averaging = new wxChoice(&dialog, wxID_ANY);
+        averaging = new wxChoice(&dialog, wxID_ANY, wxDefaultPosition, wxSize(1, 1)); // not measured before it is whole
         for (const EyeDropperAveraging& row : EYE_DROPPER_AVERAGING_TABLE) {
             averaging->Append(row.label);
         }

@@ -159,8 +159,6 @@ Spinner::Spinner(wxWindow* parent, int id, int textWidth, float min, float max, 
     sizer->Add(frame, 0, wxALIGN_CENTER);
     sizer->Add(arrowSizer);
     SetSizerAndFit(sizer);
-    // Only kept, and told to the field with the colour of its text: GTK resolves a style anew at each change.
-    text->wxWindowBase::SetBackgroundColour(toWxColour(GuiSkin().background));
     applySkinRecursive(this, GuiSkin());
 
     for (Arrow* const arrow : {_impl->up, _impl->down}) {

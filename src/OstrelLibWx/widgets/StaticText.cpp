@@ -6,11 +6,8 @@
 #include "painting/ToolkitTypes.h"
 #include "platform/TextNative.h"
 
-#include <wx/arrstr.h>
 #include <wx/dcclient.h>
 #include <wx/settings.h>
-
-#include <algorithm>
 
 namespace Ostrel::Wx {
 
@@ -23,11 +20,10 @@ constexpr RgbBytes DISABLED_COLOUR{110, 110, 110};
 
 StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned int style, Flags<TextFlag> flags,
                        wxSize size)
-    // Measuring takes longest: it waits until text and font are there.
-    : wxStaticText(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1),
-                   static_cast<long>(style) | wxST_NO_AUTORESIZE)
-    , TooltipWindow(this)
+    : TooltipWindow(this)
     , _label(text) {
+    // Measuring takes longest: it waits until text and font are there.
+    Create(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), static_cast<long>(style) | wxST_NO_AUTORESIZE);
     Bind(wxEVT_PAINT, &StaticText::onPaint, this);
     Detail::setDisabledTextColour(*this, toWxColour(DISABLED_COLOUR));
     const wxFont font = setupStaticTextFont(m_font, flags);
@@ -54,6 +50,18 @@ void StaticText::SetLabel(const wxString& label) {
     showText();
 }
 
+bool StaticText::SetForegroundColour(const wxColour& colour) {
+    return Detail::setTextColour(*this, colour);
+}
+
+bool StaticText::SetFont(const wxFont& font) {
+    const bool changed = Detail::setTextFont(*this, font);
+    if (changed) {
+        AutoResizeIfNecessary();
+    }
+    return changed;
+}
+
 void StaticText::Wrap(int width) {
     const String unwrapped = _label;
     SetLabel(toWx(unwrapped));
@@ -72,12 +80,8 @@ wxSize StaticText::DoGetBestClientSize() const {
     const wxString label = GetLabel();
     const wxFont font = GetFont();
     if (_measured.label != label || !_measured.font.IsSameAs(font)) {
-        _measured = {label, font, wxSize(0, 1)}; // one more row than the text: the toolkit's labels have it
-        for (const wxString& line : wxSplit(label, '\n', '\0')) {
-            const wxSize extent = GetTextExtent(line.empty() ? wxString(" ") : line);
-            _measured.size.x = std::max(_measured.size.x, line.empty() ? 0 : extent.x);
-            _measured.size.y += extent.y;
-        }
+        // One more row than the text: the toolkit's labels have it.
+        _measured = {label, font, measureText(*this, label) + wxSize(0, 1)};
     }
     return _measured.size;
 }

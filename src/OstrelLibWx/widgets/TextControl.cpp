@@ -32,6 +32,14 @@ void TextControl::applySkin(const GuiSkin& skin) {
     Detail::setDisabledTextColour(*this, toWxColour(skin.grey));
 }
 
+bool TextControl::SetForegroundColour(const wxColour& colour) {
+    return Detail::setTextColour(*this, colour);
+}
+
+bool TextControl::SetBackgroundColour(const wxColour& colour) {
+    return Detail::setTextBackground(*this, colour);
+}
+
 bool TextControl::AcceptsFocusFromKeyboard() const {
     return !HasFlag(wxTE_READONLY);
 }

@@ -9,6 +9,8 @@
 
 #include <string>
 
+#include "platform/linux/StyleSheet.h"
+
 // A theme's arrows and marks are drawings that GTK reads, scales and colours anew for every widget with a style of its
 // own, which takes a fifth of the time that the colour picker takes to open. Those below are gradients.
 
@@ -20,8 +22,7 @@ namespace {
 constexpr int RADIO_WIDTH = 11;
 
 std::string define(const char* name, RgbBytes colour) {
-    return std::string("@define-color ") + name + " " +
-           Wx::toWxColour(colour).GetAsString(wxC2S_CSS_SYNTAX).ToStdString() + ";";
+    return std::string("@define-color ") + name + " " + toCss(Wx::toWxColour(colour)) + ";";
 }
 
 std::string defineColours(const Wx::GuiSkin& skin) {
@@ -29,26 +30,22 @@ std::string defineColours(const Wx::GuiSkin& skin) {
            define("frame", skin.darkGrey) + define("mark", skin.toggledText) + define("marked", skin.toggledBackground);
 }
 
-/// A style sheet holds for the widget that it is given to and not for what is inside.
-void addStyleSheet(GtkWidget* widget, gpointer provider) {
-    gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(provider),
-                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
+/// For the widget and all that is inside.
+void setStyleSheet(GtkWidget* widget, gpointer css) {
+    Detail::setStyleSheet(widget, "ostrel-choice", *static_cast<const std::string*>(css));
     if (GTK_IS_CONTAINER(widget)) {
-        gtk_container_forall(GTK_CONTAINER(widget), addStyleSheet, provider);
+        gtk_container_forall(GTK_CONTAINER(widget), setStyleSheet, css);
     }
 }
 
-void addStyleSheet(const wxWindow& window, const std::string& css) {
-    GtkCssProvider* const provider = gtk_css_provider_new();
-    gtk_css_provider_load_from_data(provider, css.c_str(), -1, nullptr);
-    addStyleSheet(static_cast<GtkWidget*>(window.GetHandle()), provider);
-    g_object_unref(provider);
+void setStyleSheet(const wxWindow& window, std::string css) {
+    setStyleSheet(static_cast<GtkWidget*>(window.GetHandle()), &css);
 }
 
 } // namespace
 
 void dressChoice(wxChoice& choice, const Wx::GuiSkin& skin) {
-    addStyleSheet(choice, defineColours(skin) + R"(
+    setStyleSheet(choice, defineColours(skin) + R"(
 * { color: @text; text-shadow: none; transition: none; }
 *:disabled { color: @grey; }
 button { background: @background; border: 1px solid @frame; border-radius: 0; box-shadow: none; min-height: 0;
@@ -62,7 +59,7 @@ arrow { -gtk-icon-source: none; min-width: 8px; min-height: 4px; margin: 0 2px;
 
 void dressRadioButton(wxRadioButton& button, const Wx::GuiSkin& skin) {
     const std::string width = std::to_string(Wx::scaleByDpi(RADIO_WIDTH)) + "px;";
-    addStyleSheet(button, defineColours(skin) + "radio { min-width: " + width + "min-height: " + width + "}" + R"(
+    setStyleSheet(button, defineColours(skin) + "radio { min-width: " + width + "min-height: " + width + "}" + R"(
 * { text-shadow: none; transition: none; }
 radio { -gtk-icon-source: none; margin: 0 4px 0 0; padding: 0; border: 1px solid @frame; border-radius: 50%;
         box-shadow: none; background: @background; }

@@ -1,7 +1,6 @@
 #include "platform/TextNative.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
 
 #include <gtk/gtk.h>
@@ -9,6 +8,8 @@
 #include <wx/cursor.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+
+#include "platform/linux/StyleSheet.h"
 
 namespace Ostrel::Detail {
 
@@ -180,35 +181,11 @@ gboolean onScrollBar(GtkRange*, GtkScrollType, double, gpointer view) {
     return FALSE;
 }
 
-/// The style sheet that was asked for last under a name: most widgets have the same one.
-GtkCssProvider* getStyleSheet(const std::string& name, const std::string& css) {
-    struct Sheet {
-        std::string css;
-        GtkCssProvider* provider = nullptr;
-    };
-    static std::map<std::string, Sheet> sheets;
-    Sheet& sheet = sheets[name];
-    if (sheet.provider == nullptr || sheet.css != css) {
-        g_clear_object(&sheet.provider); // the widgets that have it keep it
-        sheet = {css, gtk_css_provider_new()};
-        gtk_css_provider_load_from_data(sheet.provider, css.c_str(), -1, nullptr);
-    }
-    return sheet.provider;
-}
-
-/// Adds a style sheet to the widget, above the toolkit's; it replaces an earlier one of the same name.
-void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css) {
-    GtkStyleContext* const context = gtk_widget_get_style_context(widget);
-    auto* const former = static_cast<GtkStyleProvider*>(g_object_get_data(G_OBJECT(widget), name));
-    GtkCssProvider* const provider = getStyleSheet(name, css);
-    if (former == GTK_STYLE_PROVIDER(provider)) {
-        return;
-    }
-    if (former != nullptr) {
-        gtk_style_context_remove_provider(context, former);
-    }
-    gtk_style_context_add_provider(context, GTK_STYLE_PROVIDER(provider), GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
-    g_object_set_data_full(G_OBJECT(widget), name, g_object_ref(provider), g_object_unref);
+void showTextColour(GtkWidget* widget, const wxColour& colour) {
+    // Named, so that what is selected inside keeps the theme's colours.
+    setStyleSheet(widget, "ostrel-colour",
+                  colour.IsOk() ? "label,entry{color:" + toCss(colour) + ";caret-color:" + toCss(colour) + "}" : "",
+                  TOOLKITS_PRIORITY);
 }
 
 /// A window that shows nothing, over a widget that has none: it notices the mouse's coming and going, and has a cursor.
@@ -446,8 +423,54 @@ bool showLabelVerbatim(wxStaticText& label, const String& text) {
 
 void setDisabledTextColour(wxWindow& window, const wxColour& colour) {
     setStyleSheet(getTextWidget(window), "ostrel-disabled-colour",
-                  "*:disabled{color:" + colour.GetAsString(wxC2S_CSS_SYNTAX).ToStdString() +
-                      ";text-shadow:none;transition:none}");
+                  "*:disabled{color:" + toCss(colour) + ";text-shadow:none;transition:none}");
+}
+
+bool setTextColour(wxStaticText& label, const wxColour& colour) {
+    if (!label.wxWindowBase::SetForegroundColour(colour)) {
+        return false;
+    }
+    showTextColour(label.GetHandle(), colour);
+    return true;
+}
+
+bool setTextColour(wxTextCtrl& text, const wxColour& colour) {
+    if (text.IsMultiLine()) {
+        return text.wxTextCtrl::SetForegroundColour(colour);
+    }
+    if (!text.wxWindowBase::SetForegroundColour(colour)) {
+        return false;
+    }
+    showTextColour(text.GetHandle(), colour);
+    return true;
+}
+
+bool setTextBackground(wxTextCtrl& text, const wxColour& colour) {
+    if (text.IsMultiLine()) {
+        return text.wxTextCtrl::SetBackgroundColour(colour);
+    }
+    if (!text.wxWindowBase::SetBackgroundColour(colour)) {
+        return false;
+    }
+    setStyleSheet(text.GetHandle(), "ostrel-background", colour.IsOk() ? "entry{background:" + toCss(colour) + "}" : "",
+                  TOOLKITS_PRIORITY);
+    return true;
+}
+
+bool setTextFont(wxStaticText& label, const wxFont& font) {
+    const wxFont former = label.GetFont();
+    const auto hasLine = [](const wxFont& any) {
+        return any.IsOk() && (any.GetUnderlined() || any.GetStrikethrough()); // which no style sheet draws
+    };
+    const wxString family = font.IsOk() ? font.GetFaceName() : wxString();
+    if (family.empty() || family.find('"') != wxString::npos || hasLine(font) || hasLine(former)) {
+        return label.wxStaticText::SetFont(font);
+    }
+    if (!label.wxWindowBase::SetFont(font)) {
+        return false;
+    }
+    setStyleSheet(label.GetHandle(), "ostrel-font", "label{font:" + toCss(font) + "}", TOOLKITS_PRIORITY);
+    return true;
 }
 
 void makeTextFieldCompact(wxTextCtrl& text) {

@@ -86,6 +86,22 @@ bool showLabelVerbatim(wxStaticText&, const String&) {
     return false;
 }
 
+bool setTextColour(wxStaticText& label, const wxColour& colour) {
+    return label.wxStaticText::SetForegroundColour(colour);
+}
+
+bool setTextColour(wxTextCtrl& text, const wxColour& colour) {
+    return text.wxTextCtrl::SetForegroundColour(colour);
+}
+
+bool setTextBackground(wxTextCtrl& text, const wxColour& colour) {
+    return text.wxTextCtrl::SetBackgroundColour(colour);
+}
+
+bool setTextFont(wxStaticText& label, const wxFont& font) {
+    return label.wxStaticText::SetFont(font);
+}
+
 void setDisabledTextColour(wxWindow&, const wxColour&) {}
 
 void makeTextFieldCompact(wxTextCtrl&) {}
