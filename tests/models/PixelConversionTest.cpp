@@ -23,19 +23,10 @@ constexpr float A_255TH = 0.003921569F;
 constexpr ByteOrder ORDERS[] = {ByteOrder::RGB, ByteOrder::BGR, ByteOrder::RGBA, ByteOrder::BGRA, ByteOrder::BGRX};
 static_assert(std::size(ORDERS) == BYTE_ORDER_COUNT);
 
-struct Loops {
-    std::string name;
-    const PixelKernels::ToBytes* toBytes;
-    const PixelKernels::ToPixels* toPixels;
-};
-
-Array<Loops> getAllLoops() {
-    Array<Loops> all;
-    for (const PixelKernels* const kernels : {&BASELINE_KERNELS, &AVX2_KERNELS}) {
-        if (kernels == &BASELINE_KERNELS || hasAvx2()) {
-            all.push_back({kernels->name, kernels->toBytes, kernels->toPixels});
-            all.push_back({std::string(kernels->name) + " streamed", kernels->streamToBytes, kernels->streamToPixels});
-        }
+Array<const PixelKernels*> getAllLoops() {
+    Array<const PixelKernels*> all{&BASELINE_KERNELS};
+    if (hasAvx2()) {
+        all.push_back(&AVX2_KERNELS);
     }
     return all;
 }
@@ -78,21 +69,21 @@ Array<float> makeTellingValues() {
 
 TEST(PixelKernels, RoundEveryColourToTheNearestEvenByteAndTruncateAlpha) {
     const Array<float> values = makeTellingValues();
-    for (const Loops& loops : getAllLoops()) {
+    for (const PixelKernels* const loops : getAllLoops()) {
         for (const ByteOrder order : ORDERS) {
             const std::size_t size = getPixelSize(order);
             for (int shift = 0; shift < 4; ++shift) { // every value in every channel
                 Array<float> pixels(values.begin() + shift, values.end());
                 pixels.insert(pixels.end(), values.begin(), values.begin() + shift);
                 Bytes bytes(pixels.size() / 4 * size);
-                loops.toBytes[static_cast<int>(order)](pixels.data(), pixels.size() / 4, bytes.data());
+                loops->toBytes[static_cast<int>(order)](pixels.data(), pixels.size() / 4, bytes.data());
                 for (std::size_t i = 0; i < pixels.size(); ++i) {
                     const int channel = static_cast<int>(i % 4);
                     const int place = getPlace(order, channel);
                     if (place >= 0) {
                         ASSERT_EQ(bytes[i / 4 * size + static_cast<std::size_t>(place)],
                                   expectedByte(pixels[i], channel == 3))
-                            << loops.name << ", order " << static_cast<int>(order) << ", value " << std::hexfloat
+                            << loops->name << ", order " << static_cast<int>(order) << ", value " << std::hexfloat
                             << pixels[i] << " in channel " << channel;
                     }
                 }
@@ -104,10 +95,10 @@ TEST(PixelKernels, RoundEveryColourToTheNearestEvenByteAndTruncateAlpha) {
 TEST(PixelKernels, TouchNothingBeyondTheRunOfAnyLengthAtAnyAddress) {
     constexpr unsigned char GUARD = 0xA5;
     constexpr std::size_t MARGIN = 64;
-    for (const Loops& loops : getAllLoops()) {
+    for (const PixelKernels* const loops : getAllLoops()) {
         for (const ByteOrder order : ORDERS) {
             const std::size_t size = getPixelSize(order);
-            for (std::size_t count = 0; count <= 110; ++count) {
+            for (std::size_t count = 0; count <= 70; ++count) {
                 const std::size_t offset = count % 5;
                 // Exactly as large as the run, so that a sanitizer sees a read beyond it.
                 Bytes source(count * size);
@@ -115,26 +106,26 @@ TEST(PixelKernels, TouchNothingBeyondTheRunOfAnyLengthAtAnyAddress) {
                     source[i] = static_cast<unsigned char>(i * 37 + count * 11);
                 }
                 Array<float> pixels(4 * count + MARGIN, -7.0F);
-                loops.toPixels[static_cast<int>(order)](source.data(), count, pixels.data());
+                loops->toPixels[static_cast<int>(order)](source.data(), count, pixels.data());
                 Bytes back(offset + count * size + MARGIN, GUARD);
                 const Array<float> exact(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(4 * count));
-                loops.toBytes[static_cast<int>(order)](exact.data(), count, back.data() + offset);
+                loops->toBytes[static_cast<int>(order)](exact.data(), count, back.data() + offset);
                 for (std::size_t i = 0; i < 4 * count; ++i) {
                     const int place = getPlace(order, static_cast<int>(i % 4));
                     const bool opaque = place < 0 || (i % 4 == 3 && order == ByteOrder::BGRX);
                     const float expected =
                         opaque ? 1.0F
                                : static_cast<float>(source[i / 4 * size + static_cast<std::size_t>(place)]) * A_255TH;
-                    ASSERT_EQ(pixels[i], expected) << loops.name << " order " << static_cast<int>(order);
+                    ASSERT_EQ(pixels[i], expected) << loops->name << " order " << static_cast<int>(order);
                 }
                 for (std::size_t i = 4 * count; i < pixels.size(); ++i) {
-                    ASSERT_EQ(pixels[i], -7.0F) << loops.name << ' ' << count;
+                    ASSERT_EQ(pixels[i], -7.0F) << loops->name << ' ' << count;
                 }
                 for (std::size_t i = 0; i < back.size(); ++i) {
                     if (i < offset || i >= offset + count * size) {
-                        ASSERT_EQ(back[i], GUARD) << loops.name << ' ' << count << " byte " << i;
+                        ASSERT_EQ(back[i], GUARD) << loops->name << ' ' << count << " byte " << i;
                     } else if ((i - offset) % size < 3) {
-                        ASSERT_EQ(back[i], source[i - offset]) << loops.name << ' ' << count;
+                        ASSERT_EQ(back[i], source[i - offset]) << loops->name << ' ' << count;
                     }
                 }
             }

@@ -10,12 +10,6 @@ static_assert(sizeof(Rgb) == 4 * sizeof(float));
 
 namespace {
 
-// From which size on a result is written past the caches. Bytes, when more than a core's own cache would have to go for
-// them, while four times as much is read; pixels, when they exceed the largest caches.
-constexpr std::size_t STREAMED_BYTES = std::size_t{4} << 20;
-constexpr std::size_t STREAMED_PIXELS_SIZE = std::size_t{64} << 20;
-constexpr int STREAMED_WIDTH = 256; ///< of a row, whose ends are written as ever
-
 constexpr std::size_t DIB_PIXEL_SIZE = 3;
 constexpr std::size_t DIB_ROW_ALIGNMENT = 4;
 
@@ -93,8 +87,7 @@ void convertToPixels(const unsigned char* bytes, ByteOrder order, ArrayView<Rgb>
 
 void convertToBytes(const PixelKernels& kernels, const BitmapImpl<Rgb>& image, ByteOrder order, unsigned char* firstRow,
                     std::ptrdiff_t stride) {
-    const bool streamed = image.getWidth() >= STREAMED_WIDTH && image.size() * getPixelSize(order) >= STREAMED_BYTES;
-    const auto toBytes = (streamed ? kernels.streamToBytes : kernels.toBytes)[static_cast<int>(order)];
+    const auto toBytes = kernels.toBytes[static_cast<int>(order)];
     for (int y = 0; y < image.getHeight(); ++y) {
         const ArrayView<const Rgb> row = image.row(y);
         toBytes(&row.front().red, row.size(), firstRow + y * stride);
@@ -103,8 +96,7 @@ void convertToBytes(const PixelKernels& kernels, const BitmapImpl<Rgb>& image, B
 
 void convertToPixels(const PixelKernels& kernels, const unsigned char* firstRow, std::ptrdiff_t stride, ByteOrder order,
                      BitmapImpl<Rgb>& image) {
-    const bool streamed = image.getWidth() >= STREAMED_WIDTH && image.size() * sizeof(Rgb) >= STREAMED_PIXELS_SIZE;
-    const auto toPixels = (streamed ? kernels.streamToPixels : kernels.toPixels)[static_cast<int>(order)];
+    const auto toPixels = kernels.toPixels[static_cast<int>(order)];
     for (int y = 0; y < image.getHeight(); ++y) {
         const ArrayView<Rgb> row = image.row(y);
         toPixels(firstRow + y * stride, row.size(), &row.front().red);

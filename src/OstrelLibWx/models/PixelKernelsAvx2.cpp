@@ -9,7 +9,6 @@
 #define HWY_DISABLE_BMI2_FMA
 #define HWY_DISABLE_F16C
 #define HWY_IS_DEBUG_BUILD 0 // its checks need the library itself, not the headers alone
-#include <hwy/cache_control.h>
 #include <hwy/highway.h>
 
 #include "models/PixelKernels.h"
@@ -58,16 +57,6 @@ constexpr IntegerShuffle IN_TURNS{0, 4, 1, 5, 2, 6, 3, 7};
 constexpr std::uint8_t WITHOUT_FOURTH[]{0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, NOTHING, NOTHING, NOTHING, NOTHING};
 constexpr IntegerShuffle WITHOUT_GAP{0, 1, 2, 4, 5, 6, 3, 7};
 
-/// Four times eight pixels of three bytes each fill three vectors: what each gives to one vector and to the next. The
-/// integers 3 and 7 are gaps, and 0.
-struct Split {
-    IntegerShuffle end;   ///< to the vector that is begun, behind what it has
-    IntegerShuffle begin; ///< to the next one
-};
-constexpr Split SECOND{{3, 3, 3, 3, 3, 3, 0, 1}, {2, 4, 5, 6, 3, 3, 3, 3}};
-constexpr Split THIRD{{3, 3, 3, 3, 0, 1, 2, 4}, {5, 6, 3, 3, 3, 3, 3, 3}};
-constexpr IntegerShuffle FOURTH{3, 3, 0, 1, 2, 4, 5, 6};
-
 /// Four pixels of bytes in each half: of the pixel `first` in the lower half, and the next one in the upper, every
 /// byte to be an integer.
 template <ByteOrder ORDER>
@@ -109,23 +98,14 @@ HWY_INLINE ByteVector shuffleIntegers(ByteVector bytes, const IntegerShuffle& sh
                        hn::TableLookupLanes(hn::BitCast(INTEGERS, bytes), hn::SetTableIndices(INTEGERS, shuffle)));
 }
 
-/// Eight pixels of four bytes each, or of three with a gap after the first four pixels and the last.
+/// Eight pixels; writes 32 bytes, though it may be that 24 count.
 template <ByteOrder ORDER>
-HWY_INLINE ByteVector packStep(const float* pixels) {
+HWY_INLINE void writeStep(const float* pixels, unsigned char* bytes) {
     auto packed = hn::Or(hn::Or(gather<ORDER>(pixels, 0), gather<ORDER>(pixels, 1)),
                          hn::Or(gather<ORDER>(pixels, 2), gather<ORDER>(pixels, 3)));
     packed = shuffleIntegers(packed, IN_TURNS);
     if constexpr (getPixelSize(ORDER) == 3) {
         packed = hn::TableLookupBytesOr0(packed, hn::LoadDup128(BYTES, WITHOUT_FOURTH));
-    }
-    return packed;
-}
-
-/// Eight pixels; writes 32 bytes, though it may be that 24 count.
-template <ByteOrder ORDER>
-HWY_INLINE void writeStep(const float* pixels, unsigned char* bytes) {
-    ByteVector packed = packStep<ORDER>(pixels);
-    if constexpr (getPixelSize(ORDER) == 3) {
         packed = shuffleIntegers(packed, WITHOUT_GAP);
     }
     hn::StoreU(packed, BYTES, bytes);
@@ -136,6 +116,7 @@ void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (32 + SIZE - 1) / SIZE; // pixels that 32 bytes touch
     for (; count >= NEEDED; count -= STEP, pixels += 4 * STEP, bytes += SIZE * STEP) {
+        fetchAhead<false>(pixels, STEP * 4 * sizeof(float));
         writeStep<ORDER>(pixels, bytes);
     }
     while (count > 0) {
@@ -149,45 +130,6 @@ void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
         pixels += 4 * rest;
         bytes += SIZE * rest;
     }
-}
-
-/// The number of pixels before the first one that begins a vector in memory, at most `count`.
-/// @param size bytes per pixel
-std::size_t countUnaligned(const void* target, std::size_t size, std::size_t count) {
-    const auto address = reinterpret_cast<std::uintptr_t>(target);
-    std::size_t unaligned = 0;
-    while (unaligned < count && (address + unaligned * size) % sizeof(ByteVector) != 0) {
-        ++unaligned;
-    }
-    return unaligned;
-}
-
-template <ByteOrder ORDER>
-void streamToBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
-    constexpr std::size_t SIZE = getPixelSize(ORDER);
-    const std::size_t unaligned = countUnaligned(bytes, SIZE, count);
-    toBytes<ORDER>(pixels, unaligned, bytes);
-    count -= unaligned;
-    pixels += 4 * unaligned;
-    bytes += SIZE * unaligned;
-    if constexpr (SIZE == 4) {
-        for (; count >= STEP; count -= STEP, pixels += 4 * STEP, bytes += SIZE * STEP) {
-            hn::Stream(packStep<ORDER>(pixels), BYTES, bytes);
-        }
-    } else {
-        for (; count >= 4 * STEP; count -= 4 * STEP, pixels += 16 * STEP, bytes += 4 * SIZE * STEP) {
-            const ByteVector first = packStep<ORDER>(pixels);
-            const ByteVector second = packStep<ORDER>(pixels + 4 * STEP);
-            const ByteVector third = packStep<ORDER>(pixels + 8 * STEP);
-            const ByteVector fourth = packStep<ORDER>(pixels + 12 * STEP);
-            hn::Stream(hn::Or(shuffleIntegers(first, WITHOUT_GAP), shuffleIntegers(second, SECOND.end)), BYTES, bytes);
-            hn::Stream(hn::Or(shuffleIntegers(second, SECOND.begin), shuffleIntegers(third, THIRD.end)), BYTES,
-                       bytes + 32);
-            hn::Stream(hn::Or(shuffleIntegers(third, THIRD.begin), shuffleIntegers(fourth, FOURTH)), BYTES, bytes + 64);
-        }
-    }
-    hwy::FlushStream(); // for who reads it in another thread
-    toBytes<ORDER>(pixels, count, bytes);
 }
 
 /// Two of four pixels.
@@ -208,6 +150,7 @@ void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (16 + SIZE - 1) / SIZE; // pixels that 16 bytes touch
     for (; count >= NEEDED; count -= 4, bytes += SIZE * 4, pixels += 4 * 4) {
+        fetchAhead<true>(pixels, 4 * 4 * sizeof(float));
         const ByteVector packed = hn::LoadDup128(BYTES, bytes);
         hn::StoreU(spread<ORDER>(packed, 0), FLOATS, pixels);
         hn::StoreU(spread<ORDER>(packed, 1), FLOATS, pixels + 8);
@@ -227,24 +170,6 @@ void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     }
 }
 
-template <ByteOrder ORDER>
-void streamToPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
-    constexpr std::size_t SIZE = getPixelSize(ORDER);
-    constexpr std::size_t NEEDED = (16 + SIZE - 1) / SIZE;
-    const std::size_t unaligned = countUnaligned(pixels, 4 * sizeof(float), count);
-    toPixels<ORDER>(bytes, unaligned, pixels);
-    count -= unaligned;
-    bytes += SIZE * unaligned;
-    pixels += 4 * unaligned;
-    for (; count >= NEEDED; count -= 4, bytes += SIZE * 4, pixels += 4 * 4) {
-        const ByteVector packed = hn::LoadDup128(BYTES, bytes);
-        hn::Stream(spread<ORDER>(packed, 0), FLOATS, pixels);
-        hn::Stream(spread<ORDER>(packed, 1), FLOATS, pixels + 8);
-    }
-    hwy::FlushStream();
-    toPixels<ORDER>(bytes, count, pixels);
-}
-
 } // namespace
 
 const PixelKernels AVX2_KERNELS{
@@ -253,10 +178,6 @@ const PixelKernels AVX2_KERNELS{
      toBytes<ByteOrder::BGRX>},
     {toPixels<ByteOrder::RGB>, toPixels<ByteOrder::BGR>, toPixels<ByteOrder::RGBA>, toPixels<ByteOrder::BGRA>,
      toPixels<ByteOrder::BGRX>},
-    {streamToBytes<ByteOrder::RGB>, streamToBytes<ByteOrder::BGR>, streamToBytes<ByteOrder::RGBA>,
-     streamToBytes<ByteOrder::BGRA>, streamToBytes<ByteOrder::BGRX>},
-    {streamToPixels<ByteOrder::RGB>, streamToPixels<ByteOrder::BGR>, streamToPixels<ByteOrder::RGBA>,
-     streamToPixels<ByteOrder::BGRA>, streamToPixels<ByteOrder::BGRX>},
 };
 
 } // namespace Ostrel::Detail

@@ -15,6 +15,7 @@ static_assert(std::endian::native == std::endian::little);
 /// Pixels from one step to the next: few enough for the nearest cache, and for the rest of a row to cost little.
 constexpr std::size_t BLOCK = 32;
 constexpr std::size_t PAIRS = BLOCK / 2;
+constexpr std::size_t BLOCK_SIZE = BLOCK * 4 * sizeof(float);
 
 constexpr std::uint64_t FIRST_OF_PAIR = 0xFFFFFF;
 constexpr std::uint64_t SECOND_OF_PAIR = FIRST_OF_PAIR << 24; // right behind the first, as bytes of three have it
@@ -82,6 +83,7 @@ template <ByteOrder ORDER>
 void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     for (; count >= BLOCK; count -= BLOCK, pixels += 4 * BLOCK, bytes += SIZE * BLOCK) {
+        fetchAhead<false>(pixels, BLOCK_SIZE);
         writeBlock<ORDER>(pixels, bytes);
     }
     if (count > 0) {
@@ -93,45 +95,42 @@ void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     }
 }
 
-/// Red, green, blue, alpha of two pixels, whose bytes stand in `pair` with a gap after each.
-template <ByteOrder ORDER>
-std::uint64_t sortBytes(std::uint64_t pair) {
-    if constexpr (isSwapped(ORDER)) {
-        constexpr std::uint64_t FIRST_BYTES = 0x000000FF000000FF;
-        pair = (pair & 0xFF00FF00FF00FF00) | (pair & FIRST_BYTES) << 16 | (pair >> 16 & FIRST_BYTES);
+/// Moves the pixels apart, three bytes each, by one byte more: an opaque alpha.
+void readTriples(const unsigned char* bytes, std::uint64_t* pairs) {
+    std::uint64_t triples[PAIRS];
+    for (std::size_t i = 0; i < PAIRS - 1; ++i) {
+        std::memcpy(&triples[i], bytes + 6 * i, 8);
     }
-    return hasAlpha(ORDER) ? pair : pair | OPAQUE;
+    triples[PAIRS - 1] = 0;
+    std::memcpy(&triples[PAIRS - 1], bytes + 6 * (PAIRS - 1), 6);
+    for (std::size_t i = 0; i < PAIRS; ++i) { // vectorised
+        pairs[i] = (triples[i] & FIRST_OF_PAIR) | (triples[i] & SECOND_OF_PAIR) << 8 | OPAQUE;
+    }
 }
 
-/// The bytes of a block in pairs of pixels, in the order that the floats shall have.
-template <ByteOrder ORDER>
-void readPairs(const unsigned char* bytes, std::uint64_t* pairs) {
-    if constexpr (getPixelSize(ORDER) == 3) {
-        std::uint64_t triples[PAIRS];
-        for (std::size_t i = 0; i < PAIRS - 1; ++i) {
-            std::memcpy(&triples[i], bytes + 6 * i, 8);
-        }
-        triples[PAIRS - 1] = 0;
-        std::memcpy(&triples[PAIRS - 1], bytes + 6 * (PAIRS - 1), 6);
-        for (std::size_t i = 0; i < PAIRS; ++i) { // vectorised
-            pairs[i] = sortBytes<ORDER>((triples[i] & FIRST_OF_PAIR) | (triples[i] & SECOND_OF_PAIR) << 8);
-        }
-    } else {
-        std::memcpy(pairs, bytes, 4 * BLOCK);
-        for (std::size_t i = 0; i < PAIRS; ++i) { // vectorised
-            pairs[i] = sortBytes<ORDER>(pairs[i]);
-        }
+void makeOpaque(const unsigned char* bytes, std::uint64_t* pairs) {
+    std::memcpy(pairs, bytes, 4 * BLOCK);
+    for (std::size_t i = 0; i < PAIRS; ++i) { // vectorised
+        pairs[i] |= OPAQUE;
     }
 }
 
 template <ByteOrder ORDER>
 void readBlock(const unsigned char* bytes, float* pixels) {
-    std::uint64_t pairs[PAIRS];
-    readPairs<ORDER>(bytes, pairs);
-    unsigned char sorted[4 * BLOCK];
-    std::memcpy(sorted, pairs, sizeof(sorted));
-    for (std::size_t i = 0; i < 4 * BLOCK; ++i) { // vectorised
-        pixels[i] = static_cast<float>(sorted[i]) * BYTE_TO_FLOAT;
+    constexpr std::size_t RED = isSwapped(ORDER) ? 2 : 0;
+    constexpr std::size_t BLUE = 2 - RED;
+    unsigned char withAlpha[4 * BLOCK];
+    if constexpr (!hasAlpha(ORDER)) {
+        std::uint64_t pairs[PAIRS];
+        getPixelSize(ORDER) == 3 ? readTriples(bytes, pairs) : makeOpaque(bytes, pairs);
+        std::memcpy(withAlpha, pairs, sizeof(pairs));
+        bytes = withAlpha;
+    }
+    for (std::size_t i = 0; i < 4 * BLOCK; i += 4) { // vectorised
+        pixels[i] = static_cast<float>(bytes[i + RED]) * BYTE_TO_FLOAT;
+        pixels[i + 1] = static_cast<float>(bytes[i + 1]) * BYTE_TO_FLOAT;
+        pixels[i + 2] = static_cast<float>(bytes[i + BLUE]) * BYTE_TO_FLOAT;
+        pixels[i + 3] = static_cast<float>(bytes[i + 3]) * BYTE_TO_FLOAT;
     }
 }
 
@@ -139,6 +138,7 @@ template <ByteOrder ORDER>
 void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     for (; count >= BLOCK; count -= BLOCK, bytes += SIZE * BLOCK, pixels += 4 * BLOCK) {
+        fetchAhead<true>(pixels, BLOCK_SIZE);
         readBlock<ORDER>(bytes, pixels);
     }
     if (count > 0) {
@@ -150,22 +150,10 @@ void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     }
 }
 
-/// Nothing has to be sorted, so one loop does for the whole run.
-template <>
-void toPixels<ByteOrder::RGBA>(const unsigned char* bytes, std::size_t count, float* pixels) {
-    for (std::size_t i = 0; i < 4 * count; ++i) { // vectorised
-        pixels[i] = static_cast<float>(bytes[i]) * BYTE_TO_FLOAT;
-    }
-}
-
 } // namespace
 
 const PixelKernels BASELINE_KERNELS{
     "baseline",
-    {toBytes<ByteOrder::RGB>, toBytes<ByteOrder::BGR>, toBytes<ByteOrder::RGBA>, toBytes<ByteOrder::BGRA>,
-     toBytes<ByteOrder::BGRX>},
-    {toPixels<ByteOrder::RGB>, toPixels<ByteOrder::BGR>, toPixels<ByteOrder::RGBA>, toPixels<ByteOrder::BGRA>,
-     toPixels<ByteOrder::BGRX>},
     {toBytes<ByteOrder::RGB>, toBytes<ByteOrder::BGR>, toBytes<ByteOrder::RGBA>, toBytes<ByteOrder::BGRA>,
      toBytes<ByteOrder::BGRX>},
     {toPixels<ByteOrder::RGB>, toPixels<ByteOrder::BGR>, toPixels<ByteOrder::RGBA>, toPixels<ByteOrder::BGRA>,
