@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include <wx/display.h>
 #include <wx/icon.h>
@@ -23,6 +24,8 @@ namespace {
 
 /// Height of the library's text in design pixels.
 constexpr int TEXT_HEIGHT = 12;
+
+constexpr int DESIGN_DPI = 96;
 
 int scaleUnlessDefault(int value) {
     return value == wxDefaultCoord ? value : scaleByDpi(value);
@@ -55,7 +58,13 @@ bool acceptsMovedFocus(wxWindow* window) {
 } // namespace
 
 int scaleByDpi(int value) {
-    return wxWindow::FromDIP(wxSize(value, 0), nullptr).x;
+    // The toolkit asks the screen each time. Windows keeps its answer for as long as a program runs.
+    static const int dpi = wxWindow::FromDIP(wxSize(DESIGN_DPI, 0), nullptr).x;
+    if (dpi == DESIGN_DPI || value == wxDefaultCoord) {
+        return value; // -1 stays what it is in the toolkit
+    }
+    const std::int64_t doubled = std::int64_t{2} * value * dpi / DESIGN_DPI;
+    return static_cast<int>((doubled + (doubled < 0 ? -1 : 1)) / 2); // halves away from 0
 }
 
 Pixel scaleByDpi(Pixel pixel) {
