@@ -18,7 +18,7 @@ public:
     [[nodiscard]] Ostrel::WindowHandle handle() const;
 
     /// Runs the loop until `quit`, which closing the window calls too, and calls `tick` every `intervalMs`
-    /// milliseconds. The window is there until it is destroyed, closed or not.
+    /// milliseconds, though not while one is under way. The window is there until it is destroyed, closed or not.
     void run(int intervalMs, std::function<void()> tick);
 
     void quit();

@@ -46,7 +46,8 @@ struct OSTREL_WX_API Focusable {};
 
 // Sizes. Design pixels are pixels at 96 DPI; every size that the library states is in them. A screen pixel is a design
 // pixel times the system's DPI over 96, rounded to the nearest integer, as `wxWindow::FromDIP` without a window does.
-// On Linux the toolkit's own pixels are independent of the screen, and all of these are the identity.
+// On Linux the toolkit's own pixels are independent of the screen, and all of these are the identity. The system is
+// asked at the first call: a host on Windows settles its program's DPI awareness before.
 
 /// `value` design pixels in screen pixels.
 OSTREL_WX_API int scaleByDpi(int value);

@@ -73,17 +73,39 @@ bool isSafeToDecode(ArrayView<const unsigned char> file, wxBitmapType type) {
     return !(type == wxBITMAP_TYPE_TGA || (any && wxTGAHandler().CanRead(stream))) || Detail::isSafeTga(file);
 }
 
-/// No message and no assertion of the toolkit as long as it lives: damaged data cause both.
-class ScopedSilence {
+/// No message and no assertion of the toolkit as long as it lives: damaged data cause both. It hears of errors itself.
+class ScopedSilence : private wxLog {
 public:
     ScopedSilence()
-        : _assertHandler(wxSetAssertHandler(nullptr)) {}
-    ~ScopedSilence() { wxSetAssertHandler(_assertHandler); }
+        : _wasEnabled(EnableLogging(true))
+        , _level(GetLogLevel())
+        , _target(setTarget(this))
+        , _assertHandler(wxSetAssertHandler(nullptr)) {
+        SetLogLevel(wxLOG_Error);
+    }
+    ~ScopedSilence() override {
+        wxSetAssertHandler(_assertHandler);
+        setTarget(_target);
+        SetLogLevel(_level);
+        EnableLogging(_wasEnabled);
+    }
     ScopedSilence(const ScopedSilence&) = delete;
     ScopedSilence& operator=(const ScopedSilence&) = delete;
 
+    [[nodiscard]] bool hasHeardError() const { return _hasHeardError; }
+
+protected:
+    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { _hasHeardError = true; }
+
 private:
-    wxLogNull _log;
+    static wxLog* setTarget(wxLog* target) {
+        return wxThread::IsMain() ? SetActiveTarget(target) : SetThreadActiveTarget(target);
+    }
+
+    bool _hasHeardError = false;
+    bool _wasEnabled; ///< in this thread
+    wxLogLevel _level;
+    wxLog* _target;
     wxAssertHandler_t _assertHandler;
 };
 
@@ -111,7 +133,7 @@ wxImage convertMemoryToImage(const unsigned* data, int size, wxBitmapType type) 
     wxImage image;
     image.SetLoadFlags(image.GetLoadFlags() & ~wxImage::Load_Verbose); // some decoders write to the console
     image.LoadFile(stream, type);
-    return image;
+    return silence.hasHeardError() ? wxImage() : image; // the TIFF decoder makes up what it could not read
 }
 
 Expected<BitmapImpl<Rgb>, String> toRgbBitmap(wxBitmap& bitmap) {

@@ -15,6 +15,7 @@
 #include "assets/MessageWarning.h"
 #include "models/MessageDialogModel.h"
 #include "painting/ToolkitTypes.h"
+#include "platform/DialogOwner.h"
 #include "platform/GuiThread.h"
 
 #include <wx/msgdlg.h>
@@ -82,8 +83,13 @@ int showNativeMessage(WindowHandle parent, const String& title, const String& me
     }
     Fallback::DialogParentWrapper wrapper(parent);
     wxMessageDialog dialog(&wrapper, toWx(message), toWx(title), style);
-    const WindowDisabler disabler(parent);
-    return dialog.ShowModal();
+    int answer = wxID_CANCEL;
+    {
+        const WindowDisabler disabler(parent);
+        answer = dialog.ShowModal();
+    }
+    Detail::reactivateOwner(parent);
+    return answer;
 }
 
 /// Whether the first of the two controls ended the dialog.

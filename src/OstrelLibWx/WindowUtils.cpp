@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 #include <wx/display.h>
 #include <wx/icon.h>
@@ -58,13 +57,12 @@ bool acceptsMovedFocus(wxWindow* window) {
 } // namespace
 
 int scaleByDpi(int value) {
-    // The toolkit asks the screen each time. Windows keeps its answer for as long as a program runs.
+    // The toolkit asks the screen each time.
     static const int dpi = wxWindow::FromDIP(wxSize(DESIGN_DPI, 0), nullptr).x;
     if (dpi == DESIGN_DPI || value == wxDefaultCoord) {
         return value; // -1 stays what it is in the toolkit
     }
-    const std::int64_t doubled = std::int64_t{2} * value * dpi / DESIGN_DPI;
-    return static_cast<int>((doubled + (doubled < 0 ? -1 : 1)) / 2); // halves away from 0
+    return static_cast<int>(std::lround(static_cast<double>(value) * dpi / DESIGN_DPI));
 }
 
 Pixel scaleByDpi(Pixel pixel) {

@@ -48,7 +48,7 @@ TEST(HsvConversion, HasTheTextbookValues) {
 
 /// Every seventh colour, from black to white: every byte in every channel, and neighbours of each kind.
 TEST(HsvConversion, BringsBytesBackExactly) {
-    for (int color = 0; color < 1 << 24; color += 7) {
+    for (int color = 0; color < 1 << 24; ++color) {
         const RgbBytes bytes{static_cast<std::uint8_t>(color >> 16), static_cast<std::uint8_t>(color >> 8),
                              static_cast<std::uint8_t>(color)};
         const Hsv hsv = rgbToHsv(fromBytes(bytes.red, bytes.green, bytes.blue));

@@ -1,4 +1,5 @@
 #include "models/ColorState.h"
+#include "models/ColorConversion.h"
 
 #include <OstrelLib/Exceptions.h>
 
@@ -59,6 +60,23 @@ TEST(ColorState, KeepsNoHueOnAGreyAndNoSaturationOnBlack) {
     state.setColor({0, 1, 0});
     state.editStrip(VALUE, 0, 0);
     EXPECT_EQ(state.getHsv(), Hsv{});
+}
+
+TEST(ColorState, TakesAlphaAloneAndColoursItsStripsAsTheyAre) {
+    ColorState state(true);
+    state.setColor(START);
+    state.editStrip(ALPHA, 0.9F, 0);
+    EXPECT_EQ(state.getColor(), (Rgb{START.red, START.green, START.blue, 0.9F}));
+    state.editStrip(GREEN, -0.5F, 0);
+    EXPECT_EQ(state.getColor(), (Rgb{START.red, -0.5F, START.blue, 0.9F}));
+
+    const auto bytes = [&state](ColorStrip strip, float position) {
+        return toRgbBytes(state.getStripColor(strip, position));
+    };
+    EXPECT_EQ(bytes(ALPHA, 0.499F), (RgbBytes{127, 127, 127})) << "cut off";
+    EXPECT_EQ(bytes(HUE, 0.25F), (RgbBytes{128, 255, 0}));
+    EXPECT_EQ(bytes(GREEN, 0.2F), (RgbBytes{64, 51, 255}));
+    EXPECT_EQ(state.getStripColor(TEMPERATURE, 0.5F), temperatureToRgb((1700 + 15000) / 2.0F));
 }
 
 /// A strip that is said to be the same has the same colours; one that is said to be another has not.

@@ -1,5 +1,6 @@
 #include "support/WidgetTest.h"
 
+#include "support/Foreground.h"
 #include "support/ScreenPicture.h"
 
 #include <wx/app.h>
@@ -151,11 +152,12 @@ void WidgetTest::TearDown() {
 bool WidgetTest::isUp(wxTopLevelWindow& window) {
     constexpr long INTERVAL_MS = 300;
     static wxStopWatch sinceRaised;
-    if (!window.IsActive() && sinceRaised.Time() > INTERVAL_MS) {
+    const auto isActive = [&window] { return window.IsActive() && hasForeground(window); };
+    if (!isActive() && sinceRaised.Time() > INTERVAL_MS) {
         window.Raise();
         sinceRaised.Start();
     }
-    return window.IsActive();
+    return isActive();
 }
 
 void WidgetTest::showAll() {

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -138,6 +139,35 @@ TEST(Decoding, ReadsEveryFormatByNameAndByContent) {
     EXPECT_FALSE(Wx::convertMemoryToImage(&word, -1, wxBITMAP_TYPE_ANY).IsOk());
 }
 
+/// 8 × 8 pixels in four strips, which follow what tells of them.
+std::vector<unsigned char> makeTiffOfStrips() {
+    std::vector<unsigned char> bytes{'I', 'I', 42, 0, 8, 0, 0, 0, 9, 0};
+    const auto add = [&bytes](unsigned value, int size) {
+        for (; size > 0; --size, value >>= 8U) {
+            bytes.push_back(static_cast<unsigned char>(value));
+        }
+    };
+    constexpr unsigned LISTS = 8 + 2 + 9 * 12 + 4;
+    constexpr unsigned STRIP_SIZE = 2 * 8 * 3;
+    // Width, height, bits, no compression, RGB, offsets, samples per pixel, rows per strip, sizes.
+    constexpr unsigned FIELDS[][4] = {{256, 3, 1, 8}, {257, 3, 1, 8}, {258, 3, 3, LISTS},
+                                      {259, 3, 1, 1}, {262, 3, 1, 2}, {273, 4, 4, LISTS + 6},
+                                      {277, 3, 1, 3}, {278, 3, 1, 2}, {279, 4, 4, LISTS + 6 + 16}};
+    for (const auto& [tag, type, count, value] : FIELDS) {
+        add(tag, 2), add(type, 2), add(count, 4), add(value, 4);
+    }
+    add(0, 4);
+    add(8, 2), add(8, 2), add(8, 2);
+    for (unsigned strip = 0; strip < 4; ++strip) {
+        add(LISTS + 6 + 32 + strip * STRIP_SIZE, 4);
+    }
+    for (int strip = 0; strip < 4; ++strip) {
+        add(STRIP_SIZE, 4);
+    }
+    bytes.resize(bytes.size() + 4 * STRIP_SIZE, 100);
+    return bytes;
+}
+
 int failedAssertions = 0;
 
 void countAssertion(const wxString&, int, const wxString&, const wxString&, const wxString&) {
@@ -158,8 +188,12 @@ TEST(Decoding, SurvivesEveryTruncationAndFlippedBitsWithoutAWord) {
     const bool wasLogging = wxLog::EnableLogging(true);
     const wxAssertHandler_t handler = wxSetAssertHandler(countAssertion);
     failedAssertions = 0;
+    std::vector<std::pair<wxBitmapType, std::vector<unsigned char>>> files{{wxBITMAP_TYPE_TIFF, makeTiffOfStrips()}};
     for (const wxBitmapType format : FORMATS) {
-        const std::vector<unsigned char> bytes = encode(format);
+        files.emplace_back(format, encode(format));
+    }
+    for (const auto& [format, bytes] : files) {
+        EXPECT_TRUE(decode(bytes, bytes.size(), format).IsOk()) << format;
         const std::size_t needless = format == wxBITMAP_TYPE_GIF ? 2 : 0; // what ends a file of several pictures
         for (std::size_t i = 0; i + needless < bytes.size(); ++i) {
             const wxImage truncated = decode(bytes, i, format);

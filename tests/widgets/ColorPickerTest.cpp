@@ -207,6 +207,7 @@ TEST_F(ColorPickerTest, TellsItsOwnerInOrder) {
 
 TEST_F(ColorPickerTest, AddsColoursAndResets) {
     open(WITH_ALPHA, ADD_COLOR);
+    EXPECT_EQ(child<Button>(CONFIRMING).GetLabel(), "Add color");
     clickButton(CONFIRMING);
     EXPECT_THAT(log, ElementsAre("accepted 25 50 75 50"));
     dialog->setColor({1, 0, 0, 0.9F});

@@ -1,5 +1,6 @@
 #include "widgets/ColorSlider.h"
 
+#include "painting/ColorPainting.h"
 #include "widgets/ColorWidgetTest.h"
 #include "widgets/HwbSlice.h"
 
@@ -70,6 +71,13 @@ TEST_F(ColorSliderTest, AsksForItsColoursOnlyWhenTheyChange) {
     slider->refreshStrip();
     EXPECT_TRUE(wasAsked(2 * length)) << asked;
     EXPECT_TRUE(log.empty());
+
+    wxBitmap strip;
+    writeStrip(strip, Array<Rgb>(20, Rgb{1, 0, 0}), 10, false);
+    const wxObjectRefData* const memory = strip.GetRefData();
+    writeStrip(strip, Array<Rgb>(20, Rgb{0, 0, 1}), 10, false);
+    EXPECT_EQ(strip.GetRefData(), memory) << "written into the same bitmap";
+    EXPECT_EQ(pixelAt(strip.ConvertToImage(), 19, 9), (PixelColour{0, 0, 255}));
 }
 
 TEST_F(ColorSliderTest, ShowsItsColoursAndAMarkerAcrossThem) {

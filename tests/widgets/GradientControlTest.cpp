@@ -1,6 +1,8 @@
 #include <OstrelLibWx/widgets/ColorPicker.h>
 #include <OstrelLibWx/widgets/GradientControl.h>
 
+#include <limits>
+
 #include "support/WidgetTest.h"
 #include "widgets/ModalDriver.h"
 
@@ -136,6 +138,25 @@ TEST_F(GradientControlTest, ShowsTheColoursAndMarksTheSelectedHandle) {
     control->SetMinSize(wxSize(1, 1));
     control->SetSize(wxSize(1, 1));
     picture();
+}
+
+TEST_F(GradientControlTest, TakesColoursAndPlacesThatAreNone) {
+    constexpr float NONE = std::numeric_limits<float>::quiet_NaN();
+    constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+    control->setGradient(
+        ColorGradient({{{NONE, ENDLESS, -ENDLESS}, 0.25F}, {{ENDLESS, 1, NONE}, 0.75F}, {{0, 1, 1}, NONE}}));
+    for (const auto& [min, max] :
+         {std::pair{0.0F, 1.0F}, {-ENDLESS, ENDLESS}, {1.0F, 1.0F}, {NONE, NONE}, {0.0F, 1.0F}}) {
+        control->setMinMaxPosition(min, max);
+        EXPECT_TRUE(picture().IsOk());
+    }
+    press(0.25F);
+    movePointer(*control, handle(0.5F));
+    releaseButton();
+    EXPECT_EQ(control->getGradient().getPoints().size(), 3U);
+    control->setGradient(ColorGradient({{{NONE, ENDLESS, -ENDLESS}, 0.5F}}));
+    edit(handle(0.5F), [] { picker()->Close(); });
+    EXPECT_EQ(point(0).position, 0.5F);
 }
 
 } // namespace

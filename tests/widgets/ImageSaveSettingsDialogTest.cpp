@@ -72,7 +72,11 @@ TEST_F(ImageSaveSettingsTest, AreOfferedAgainWhenTheyWereAccepted) {
         ask({shows(2, SRGB_8_BIT, false), toggleAlpha, key(WXK_DOWN), shows(2, SRGB_16_BIT, false), key(WXK_RETURN)},
             SRGB_8_BIT | SRGB_16_BIT, false),
         2);
-    EXPECT_EQ(ask({shows(4, SRGB_16_BIT, true), [] { return ModalDriver::findActive<wxDialog>()->Close(); }}), 0);
+    const auto close = [] {
+        auto* const dialog = ModalDriver::findActive<Dialog>();
+        return dialog != nullptr && dialog->Close();
+    };
+    EXPECT_EQ(ask({shows(4, SRGB_16_BIT, true), close}), 0);
     EXPECT_THROW(static_cast<void>(Dialog::requestSettingsFromUser({}, {})), Detail::StopException);
 }
 

@@ -307,7 +307,7 @@ TEST_F(MessageDialogWithoutWaiting, StoresTheCodeAndDestroysItself) {
         dialog = new MessageDialog(owner(), "Title", "Message", MessageDialogIcon::WARNING,
                                    {&MessageDialogButton::YES, &MessageDialogButton::NO});
         dialog->Show();
-        EXPECT_TRUE(pumpUntil([&] { return dialog->IsActive(); }));
+        EXPECT_TRUE(pumpUntil([&] { return isUp(*dialog); }));
         EXPECT_TRUE(frame().IsEnabled());
         end();
         EXPECT_TRUE(pumpUntil([&] { return !dialog; })) << &end - ways;

@@ -126,6 +126,20 @@ TEST_F(TextDragSelection, IsClampedAtEachEdge) {
     EXPECT_EQ(selection(), Range(anchor, text->GetLastPosition())) << "the drag is over";
 }
 
+TEST_F(TextDragSelection, BeginsWithWhatIsSeenOfAScrolledText) {
+    make(manyLines(100));
+    text->ShowPosition(text->GetLastPosition());
+    EXPECT_TRUE(pumpUntil([this] { return topLine() > 80; }));
+    settle();
+    pressOn(*text, middle(*text));
+    movePointer(*text, wxPoint(-20, -30));
+    EXPECT_TRUE(pumpUntil([this] {
+        const auto [from, to] = selection();
+        return from > 0 && to > from && text->GetRange(from - 1, from) == "\n";
+    })) << selection().first;
+    releaseButton();
+}
+
 TEST_F(TextDragSelection, WorksInASingleLine) {
     make(L"\u00c4\u00d6\u00dc\u6708\u6708\u00dc", 0, wxSize(300, 60));
     text->SetFont(text->GetFont().Scaled(3));

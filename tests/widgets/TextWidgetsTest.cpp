@@ -181,7 +181,12 @@ TEST_F(StaticTextTest, IsOnTheScreenInItsColourAndGreyWhileDisabled) {
         height = inkBounds(capture(text), BACKGROUND).height;
     }
     EXPECT_FALSE(text.SetFont(text.GetFont()));
+    text.SetFont(wxFont(wxFontInfo(18)));
+    EXPECT_TRUE(pumpUntil([&] { return inkBounds(capture(text), BACKGROUND).height < height; }));
     EXPECT_TRUE(isWrittenIn(text, GREEN));
+    text.SetForegroundColour(wxNullColour);
+    showAll();
+    EXPECT_TRUE(pumpUntil([&] { return !isNear(inkOf(capture(text), BACKGROUND), GREEN); })) << "the toolkit's own";
 }
 
 TEST_F(StaticTextTest, HasATooltipThatComesAndGoes) {

@@ -32,14 +32,12 @@ constexpr float NO_FRACTION = 0x1p23F;
 /// Has the processor fetch what is wanted soon. Its own looking ahead ends where a page of memory does: asked for two
 /// pages ahead, the floats, which are most of what is moved, arrive up to a third faster.
 /// @param now what is at work, `size` bytes; nothing is read there or behind it
-/// @tparam WRITTEN whether it will be written
-template <bool WRITTEN>
-void fetchAhead(const void* now, std::size_t size) {
+inline void fetchAhead(const void* now, std::size_t size) {
     constexpr std::size_t AHEAD = 8192;
     constexpr std::size_t CACHE_LINE = 64;
     const std::uintptr_t soon = reinterpret_cast<std::uintptr_t>(now) + AHEAD;
     for (std::size_t offset = 0; offset < size; offset += CACHE_LINE) {
-        __builtin_prefetch(reinterpret_cast<const void*>(soon + offset), WRITTEN ? 1 : 0); // NOLINT: no pointer follows
+        __builtin_prefetch(reinterpret_cast<const void*>(soon + offset)); // NOLINT: no pointer follows
     }
 }
 

@@ -116,7 +116,7 @@ void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (32 + SIZE - 1) / SIZE; // pixels that 32 bytes touch
     for (; count >= NEEDED; count -= STEP, pixels += 4 * STEP, bytes += SIZE * STEP) {
-        fetchAhead<false>(pixels, STEP * 4 * sizeof(float));
+        fetchAhead(pixels, STEP * 4 * sizeof(float));
         writeStep<ORDER>(pixels, bytes);
     }
     while (count > 0) {
@@ -150,7 +150,7 @@ void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     constexpr std::size_t NEEDED = (16 + SIZE - 1) / SIZE; // pixels that 16 bytes touch
     for (; count >= NEEDED; count -= 4, bytes += SIZE * 4, pixels += 4 * 4) {
-        fetchAhead<true>(pixels, 4 * 4 * sizeof(float));
+        fetchAhead(pixels, 4 * 4 * sizeof(float));
         const ByteVector packed = hn::LoadDup128(BYTES, bytes);
         hn::StoreU(spread<ORDER>(packed, 0), FLOATS, pixels);
         hn::StoreU(spread<ORDER>(packed, 1), FLOATS, pixels + 8);

@@ -83,7 +83,7 @@ template <ByteOrder ORDER>
 void toBytes(const float* pixels, std::size_t count, unsigned char* bytes) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     for (; count >= BLOCK; count -= BLOCK, pixels += 4 * BLOCK, bytes += SIZE * BLOCK) {
-        fetchAhead<false>(pixels, BLOCK_SIZE);
+        fetchAhead(pixels, BLOCK_SIZE);
         writeBlock<ORDER>(pixels, bytes);
     }
     if (count > 0) {
@@ -122,7 +122,11 @@ void readBlock(const unsigned char* bytes, float* pixels) {
     unsigned char withAlpha[4 * BLOCK];
     if constexpr (!hasAlpha(ORDER)) {
         std::uint64_t pairs[PAIRS];
-        getPixelSize(ORDER) == 3 ? readTriples(bytes, pairs) : makeOpaque(bytes, pairs);
+        if constexpr (getPixelSize(ORDER) == 3) {
+            readTriples(bytes, pairs);
+        } else {
+            makeOpaque(bytes, pairs);
+        }
         std::memcpy(withAlpha, pairs, sizeof(pairs));
         bytes = withAlpha;
     }
@@ -138,7 +142,7 @@ template <ByteOrder ORDER>
 void toPixels(const unsigned char* bytes, std::size_t count, float* pixels) {
     constexpr std::size_t SIZE = getPixelSize(ORDER);
     for (; count >= BLOCK; count -= BLOCK, bytes += SIZE * BLOCK, pixels += 4 * BLOCK) {
-        fetchAhead<true>(pixels, BLOCK_SIZE);
+        fetchAhead(pixels, BLOCK_SIZE);
         readBlock<ORDER>(bytes, pixels);
     }
     if (count > 0) {

@@ -64,9 +64,9 @@ private:
 /// label's size may have changed with it. On Windows the control paints its label itself, and nothing happens.
 bool showLabelVerbatim(wxStaticText& label, const String& text);
 
-// What the toolkit's `SetForegroundColour`, `SetBackgroundColour` and `SetFont` do. GTK's toolkit makes each window a
-// style sheet of its own at every call, which takes longer than making the window; here those that look alike share
-// one.
+// What the toolkit's `SetForegroundColour`, `SetBackgroundColour` and `SetFont` do. GTK's toolkit writes each window a
+// style sheet of its own at every call, and reading it takes longer than making the window. Here, those that look alike
+// share theirs.
 bool setTextColour(wxStaticText& label, const wxColour& colour);
 bool setTextColour(wxTextCtrl& text, const wxColour& colour);
 bool setTextBackground(wxTextCtrl& text, const wxColour& colour);

@@ -64,10 +64,12 @@ void EyeDropperButton::endPicking() {
     if (!self) {
         return;
     }
-    Refresh();
     const wxWeakRef<wxWindow> focus = std::exchange(_formerFocus, {});
     if (focus) {
         focus->SetFocus();
+    }
+    if (self) {
+        Refresh();
     }
 }
 

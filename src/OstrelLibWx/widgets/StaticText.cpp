@@ -20,8 +20,7 @@ constexpr RgbBytes DISABLED_COLOUR{110, 110, 110};
 
 StaticText::StaticText(wxWindow* parent, int id, const String& text, unsigned int style, Flags<TextFlag> flags,
                        wxSize size)
-    : TooltipWindow(this)
-    , _label(text) {
+    : TooltipWindow(this) {
     // Measuring takes longest: it waits until text and font are there.
     Create(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), static_cast<long>(style) | wxST_NO_AUTORESIZE);
     Bind(wxEVT_PAINT, &StaticText::onPaint, this);
@@ -57,7 +56,7 @@ bool StaticText::SetForegroundColour(const wxColour& colour) {
 bool StaticText::SetFont(const wxFont& font) {
     const bool changed = Detail::setTextFont(*this, font);
     if (changed) {
-        AutoResizeIfNecessary();
+        showText();
     }
     return changed;
 }

@@ -1,6 +1,7 @@
 #include "HostWindow.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include <windows.h>
 
@@ -15,6 +16,7 @@ constexpr UINT_PTR TIMER_ID = 1;
 struct HostWindow::Impl {
     HWND window = nullptr;
     std::function<void()> tick;
+    bool ticking = false;
 
     static LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static void paint(HWND window);
@@ -24,8 +26,10 @@ LRESULT CALLBACK HostWindow::Impl::handleMessage(HWND window, UINT message, WPAR
     auto* impl = reinterpret_cast<Impl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     switch (message) {
     case WM_TIMER:
-        if (impl->tick) {
+        // A dialog that is opened within has a loop of its own, in which the timer goes on.
+        if (impl->tick && !std::exchange(impl->ticking, true)) {
             impl->tick();
+            impl->ticking = false;
         }
         return 0;
     case WM_CLOSE:

@@ -54,7 +54,9 @@ cellview { background: none; }
 arrow { -gtk-icon-source: none; min-width: 8px; min-height: 4px; margin: 0 2px;
         background-image: linear-gradient(to bottom left, @text 50%, transparent 50%),
                           linear-gradient(to bottom right, @text 50%, transparent 50%);
-        background-size: 4px 4px; background-position: left center, right center; background-repeat: no-repeat; })");
+        background-size: 4px 4px; background-position: left center, right center; background-repeat: no-repeat; }
+arrow:disabled { background-image: linear-gradient(to bottom left, @grey 50%, transparent 50%),
+                                   linear-gradient(to bottom right, @grey 50%, transparent 50%); })");
 }
 
 void dressRadioButton(wxRadioButton& button, const Wx::GuiSkin& skin) {

@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include <wx/fontutil.h>
+
 namespace Ostrel::Detail {
 
 GtkStyleProvider* getStyleSheet(const std::string& css) {
@@ -46,9 +48,25 @@ std::string toCss(const wxColour& colour) {
 }
 
 std::string toCss(const wxFont& font) {
-    const wxString size = wxString::FromCDouble(font.GetFractionalPointSize());
-    return (font.GetStyle() == wxFONTSTYLE_NORMAL ? "" : "italic ") + std::to_string(font.GetNumericWeight()) + " " +
-           size.ToStdString() + "pt \"" + String(font.GetFaceName().ToStdWstring()).toUtf8() + "\"";
+    const wxFontStyle style = font.GetStyle();
+    return (style == wxFONTSTYLE_NORMAL  ? ""
+            : style == wxFONTSTYLE_SLANT ? "oblique "
+                                         : "italic ") +
+           std::to_string(font.GetNumericWeight()) + " " + std::to_string(font.GetPointSize()) + "pt \"" +
+           String(font.GetFaceName().ToStdWstring()).toUtf8() + "\"";
+}
+
+bool isWrittenInCss(const wxFont& font) {
+    if (!font.IsOk() || font.GetUnderlined() || font.GetStrikethrough()) {
+        return false;
+    }
+    const PangoFontDescription* const description = font.GetNativeFontInfo()->description;
+    const wxString family = font.GetFaceName();
+    return pango_font_description_get_stretch(description) == PANGO_STRETCH_NORMAL &&
+           pango_font_description_get_variant(description) == PANGO_VARIANT_NORMAL &&
+           pango_font_description_get_size_is_absolute(description) == FALSE &&
+           pango_font_description_get_size(description) % PANGO_SCALE == 0 && !family.empty() &&
+           family.find_first_of("\"\\") == wxString::npos;
 }
 
 } // namespace Ostrel::Detail

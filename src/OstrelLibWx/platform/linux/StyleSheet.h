@@ -13,8 +13,7 @@ namespace Ostrel::Detail {
 /// Where the toolkit puts the style sheets that it makes of a window's colours and font.
 constexpr guint TOOLKITS_PRIORITY = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION;
 
-/// The style sheet with that text, read once. It lives as long as a widget has it, and until many others were asked
-/// for.
+/// The style sheet with that text, which is read once, unless very many others are asked for in between.
 [[nodiscard]] GtkStyleProvider* getStyleSheet(const std::string& css);
 
 /// Adds a style sheet to the widget, though not to what is inside; it replaces an earlier one of the same name. An
@@ -23,6 +22,9 @@ void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css, 
 
 // Values of a style sheet's properties.
 [[nodiscard]] std::string toCss(const wxColour& colour);
-[[nodiscard]] std::string toCss(const wxFont& font); ///< its family's name must have no quotation mark
+[[nodiscard]] std::string toCss(const wxFont& font); ///< for one that `isWrittenInCss`
+
+/// Whether `toCss` tells all of a font: it has the usual stretch, whole points, no lines and no odd name.
+[[nodiscard]] bool isWrittenInCss(const wxFont& font);
 
 } // namespace Ostrel::Detail

@@ -182,7 +182,8 @@ gboolean onScrollBar(GtkRange*, GtkScrollType, double, gpointer view) {
 }
 
 void showTextColour(GtkWidget* widget, const wxColour& colour) {
-    // Named, so that what is selected inside keeps the theme's colours.
+    // Named, so that what is selected inside keeps the theme's colours. Without a colour, the toolkit's own sheet is
+    // all.
     setStyleSheet(widget, "ostrel-colour",
                   colour.IsOk() ? "label,entry{color:" + toCss(colour) + ";caret-color:" + toCss(colour) + "}" : "",
                   TOOLKITS_PRIORITY);
@@ -427,50 +428,38 @@ void setDisabledTextColour(wxWindow& window, const wxColour& colour) {
 }
 
 bool setTextColour(wxStaticText& label, const wxColour& colour) {
-    if (!label.wxWindowBase::SetForegroundColour(colour)) {
-        return false;
-    }
     showTextColour(label.GetHandle(), colour);
-    return true;
+    return colour.IsOk() ? label.wxWindowBase::SetForegroundColour(colour)
+                         : label.wxStaticText::SetForegroundColour(colour);
 }
 
 bool setTextColour(wxTextCtrl& text, const wxColour& colour) {
     if (text.IsMultiLine()) {
         return text.wxTextCtrl::SetForegroundColour(colour);
     }
-    if (!text.wxWindowBase::SetForegroundColour(colour)) {
-        return false;
-    }
     showTextColour(text.GetHandle(), colour);
-    return true;
+    return colour.IsOk() ? text.wxWindowBase::SetForegroundColour(colour)
+                         : text.wxTextCtrl::SetForegroundColour(colour);
 }
 
 bool setTextBackground(wxTextCtrl& text, const wxColour& colour) {
     if (text.IsMultiLine()) {
         return text.wxTextCtrl::SetBackgroundColour(colour);
     }
-    if (!text.wxWindowBase::SetBackgroundColour(colour)) {
-        return false;
-    }
-    setStyleSheet(text.GetHandle(), "ostrel-background", colour.IsOk() ? "entry{background:" + toCss(colour) + "}" : "",
+    setStyleSheet(text.GetHandle(), "ostrel-background",
+                  colour.IsOk() ? "entry{background:" + toCss(colour) + "}undershoot{background:transparent}" : "",
                   TOOLKITS_PRIORITY);
-    return true;
+    return colour.IsOk() ? text.wxWindowBase::SetBackgroundColour(colour)
+                         : text.wxTextCtrl::SetBackgroundColour(colour);
 }
 
 bool setTextFont(wxStaticText& label, const wxFont& font) {
-    const wxFont former = label.GetFont();
-    const auto hasLine = [](const wxFont& any) {
-        return any.IsOk() && (any.GetUnderlined() || any.GetStrikethrough()); // which no style sheet draws
-    };
-    const wxString family = font.IsOk() ? font.GetFaceName() : wxString();
-    if (family.empty() || family.find('"') != wxString::npos || hasLine(font) || hasLine(former)) {
+    if (!isWrittenInCss(font) || !isWrittenInCss(label.GetFont())) {
+        setStyleSheet(label.GetHandle(), "ostrel-font", "", TOOLKITS_PRIORITY);
         return label.wxStaticText::SetFont(font);
     }
-    if (!label.wxWindowBase::SetFont(font)) {
-        return false;
-    }
     setStyleSheet(label.GetHandle(), "ostrel-font", "label{font:" + toCss(font) + "}", TOOLKITS_PRIORITY);
-    return true;
+    return label.wxWindowBase::SetFont(font);
 }
 
 void makeTextFieldCompact(wxTextCtrl& text) {

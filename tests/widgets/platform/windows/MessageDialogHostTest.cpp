@@ -83,6 +83,7 @@ TEST_F(MessageDialogOfForeignHost, IsDisabledBehindTheToolkitsBoxOffTheMainThrea
         EXPECT_TRUE(
             pumpUntil([&result] { return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
         EXPECT_TRUE(result.get());
+        EXPECT_TRUE(parent.isNull() || pumpUntil([this] { return GetForegroundWindow() == _window; }));
     }
 }
 

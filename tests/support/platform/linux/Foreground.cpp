@@ -1,0 +1,5 @@
+#include "support/Foreground.h"
+
+bool hasForeground(const wxTopLevelWindow&) {
+    return true;
+}
