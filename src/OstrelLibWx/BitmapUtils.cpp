@@ -78,15 +78,11 @@ class ScopedSilence : private wxLog {
 public:
     ScopedSilence()
         : _wasEnabled(EnableLogging(true))
-        , _level(GetLogLevel())
         , _target(setTarget(this))
-        , _assertHandler(wxSetAssertHandler(nullptr)) {
-        SetLogLevel(wxLOG_Error);
-    }
+        , _assertHandler(wxSetAssertHandler(nullptr)) {}
     ~ScopedSilence() override {
         wxSetAssertHandler(_assertHandler);
         setTarget(_target);
-        SetLogLevel(_level);
         EnableLogging(_wasEnabled);
     }
     ScopedSilence(const ScopedSilence&) = delete;
@@ -95,7 +91,9 @@ public:
     [[nodiscard]] bool hasHeardError() const { return _hasHeardError; }
 
 protected:
-    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { _hasHeardError = true; }
+    void DoLogRecord(wxLogLevel level, const wxString&, const wxLogRecordInfo&) override {
+        _hasHeardError = _hasHeardError || level <= wxLOG_Error; // the graver, the lower
+    }
 
 private:
     static wxLog* setTarget(wxLog* target) {
@@ -104,7 +102,6 @@ private:
 
     bool _hasHeardError = false;
     bool _wasEnabled; ///< in this thread
-    wxLogLevel _level;
     wxLog* _target;
     wxAssertHandler_t _assertHandler;
 };

@@ -15,7 +15,7 @@ static_assert(std::endian::native == std::endian::little);
 /// Pixels from one step to the next: few enough for the nearest cache, and for the rest of a row to cost little.
 constexpr std::size_t BLOCK = 32;
 constexpr std::size_t PAIRS = BLOCK / 2;
-constexpr std::size_t BLOCK_SIZE = BLOCK * 4 * sizeof(float);
+constexpr std::size_t BLOCK_SIZE = BLOCK * 4 * sizeof(float); ///< bytes of a block's floats
 
 constexpr std::uint64_t FIRST_OF_PAIR = 0xFFFFFF;
 constexpr std::uint64_t SECOND_OF_PAIR = FIRST_OF_PAIR << 24; // right behind the first, as bytes of three have it

@@ -8,6 +8,8 @@
 
 namespace Ostrel::Detail {
 
+namespace {
+
 GtkStyleProvider* getStyleSheet(const std::string& css) {
     constexpr std::size_t KEPT = 64;
     static std::map<std::string, GtkStyleProvider*> sheets;
@@ -25,6 +27,8 @@ GtkStyleProvider* getStyleSheet(const std::string& css) {
     }
     return sheet;
 }
+
+} // namespace
 
 void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css, guint priority) {
     GtkStyleContext* const context = gtk_widget_get_style_context(widget);

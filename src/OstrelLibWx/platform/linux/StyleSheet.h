@@ -13,11 +13,8 @@ namespace Ostrel::Detail {
 /// Where the toolkit puts the style sheets that it makes of a window's colours and font.
 constexpr guint TOOLKITS_PRIORITY = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION;
 
-/// The style sheet with that text, which is read once, unless very many others are asked for in between.
-[[nodiscard]] GtkStyleProvider* getStyleSheet(const std::string& css);
-
 /// Adds a style sheet to the widget, though not to what is inside; it replaces an earlier one of the same name. An
-/// empty one takes that away.
+/// empty one takes that away. A text is read once, unless very many others come in between.
 void setStyleSheet(GtkWidget* widget, const char* name, const std::string& css, guint priority = TOOLKITS_PRIORITY + 1);
 
 // Values of a style sheet's properties.

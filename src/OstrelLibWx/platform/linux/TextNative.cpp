@@ -181,12 +181,14 @@ gboolean onScrollBar(GtkRange*, GtkScrollType, double, gpointer view) {
     return FALSE;
 }
 
-void showTextColour(GtkWidget* widget, const wxColour& colour) {
-    // Named, so that what is selected inside keeps the theme's colours. Without a colour, the toolkit's own sheet is
-    // all.
-    setStyleSheet(widget, "ostrel-colour",
+/// For a label or a single line. Without a colour, the toolkit's own style sheet is all.
+template <class T>
+bool setSharedTextColour(T& window, const wxColour& colour) {
+    // Named, so that what is selected inside keeps the theme's colours.
+    setStyleSheet(window.GetHandle(), "ostrel-colour",
                   colour.IsOk() ? "label,entry{color:" + toCss(colour) + ";caret-color:" + toCss(colour) + "}" : "",
                   TOOLKITS_PRIORITY);
+    return colour.IsOk() ? window.wxWindowBase::SetForegroundColour(colour) : window.T::SetForegroundColour(colour);
 }
 
 /// A window that shows nothing, over a widget that has none: it notices the mouse's coming and going, and has a cursor.
@@ -428,18 +430,11 @@ void setDisabledTextColour(wxWindow& window, const wxColour& colour) {
 }
 
 bool setTextColour(wxStaticText& label, const wxColour& colour) {
-    showTextColour(label.GetHandle(), colour);
-    return colour.IsOk() ? label.wxWindowBase::SetForegroundColour(colour)
-                         : label.wxStaticText::SetForegroundColour(colour);
+    return setSharedTextColour(label, colour);
 }
 
 bool setTextColour(wxTextCtrl& text, const wxColour& colour) {
-    if (text.IsMultiLine()) {
-        return text.wxTextCtrl::SetForegroundColour(colour);
-    }
-    showTextColour(text.GetHandle(), colour);
-    return colour.IsOk() ? text.wxWindowBase::SetForegroundColour(colour)
-                         : text.wxTextCtrl::SetForegroundColour(colour);
+    return text.IsMultiLine() ? text.wxTextCtrl::SetForegroundColour(colour) : setSharedTextColour(text, colour);
 }
 
 bool setTextBackground(wxTextCtrl& text, const wxColour& colour) {
